@@ -1,0 +1,50 @@
+#include "screens/Application.h"
+
+#include "screens/frmColumns.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
+
+namespace corvalin {
+
+Application::Application() = default;
+Application::~Application() = default;
+
+template <class T>
+T& Application::Load(std::unique_ptr<T>& slot) {
+  if (!slot) {
+    slot = std::make_unique<T>();
+    T& screen = *slot;
+    if (ScreenCreated) ScreenCreated(screen);
+    screen.Form_Load();
+    return screen;
+  }
+  return *slot;
+}
+
+frmTemplate& Application::Template() { return Load(template_); }
+frmColumns& Application::Columns() { return Load(columns_); }
+frmHeaders& Application::Headers() { return Load(headers_); }
+
+void Application::Retire(std::unique_ptr<Screen> screen) {
+  if (!screen) return;
+  if (screen->Visible()) screen->Hide();
+  retired_.push_back(std::move(screen));
+}
+
+void Application::UnloadTemplate() { Retire(std::move(template_)); }
+void Application::UnloadColumns() { Retire(std::move(columns_)); }
+void Application::UnloadHeaders() { Retire(std::move(headers_)); }
+
+void Application::UnloadAll() {
+  UnloadHeaders();
+  UnloadColumns();
+  UnloadTemplate();
+  retired_.clear();
+}
+
+Application& App() {
+  static Application application;
+  return application;
+}
+
+}  // namespace corvalin

@@ -1,0 +1,15 @@
+// frmColumns: the screen's controller (its controls as state, its events as
+// member functions).
+#pragma once
+
+#include "screens/Controls.h"
+#include "screens/Screen.h"
+
+namespace corvalin {
+
+class frmColumns : public Screen {
+ public:
+  const char* Name() const override { return "frmColumns"; }
+};
+
+}  // namespace corvalin

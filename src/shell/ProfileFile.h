@@ -1,0 +1,32 @@
+// Profile files: "[Section]" headers and "key=value" lines. The settings
+// store and the templates (.cnv) are both profile files. Sections and keys are
+// found without regard to case, values are trimmed of blanks on reading, and a
+// write replaces or adds one key, keeping the rest of the file as it was.
+// Files are written with CR LF line ends and read with CR LF or LF.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace corvalin {
+
+// The shared read buffer holds this many characters; a longer value is cut.
+// It is far above any value the program writes (cells are at most 100
+// characters, paths at most 260).
+inline constexpr std::size_t kProfileValueMax = 4095;
+
+// The value of key in section, or def when the file, section or key is missing.
+// The value is cut at its first NUL and trimmed of blanks.
+std::string ReadProfileString(const std::string& path, const std::string& section,
+                              const std::string& key, const std::string& def);
+
+// Replaces the key's value, or adds the key (and the section) when missing.
+// Returns false when the file could not be written; callers that follow the
+// platform's habit ignore the result.
+bool WriteProfileString(const std::string& path, const std::string& section,
+                        const std::string& key, const std::string& value);
+
+// Removes the key from the section; nothing when it is not there.
+bool DeleteProfileKey(const std::string& path, const std::string& section, const std::string& key);
+
+}  // namespace corvalin

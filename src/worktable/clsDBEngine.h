@@ -1,0 +1,97 @@
+// The single door to the scratch database that holds the working table.
+// One connection, one path and one statement text; open, close, run a
+// statement, and return a row set for a statement. Opening an open
+// connection and closing a closed one are harmless.
+#pragma once
+
+#include <any>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "worktable/Recordset.h"
+
+namespace corvalin {
+
+struct Connection;
+
+// A statement prepared once and run many times with bound text parameters:
+// the load of the working table uses it for its inserts.
+class PreparedStatement {
+ public:
+  PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql);
+  ~PreparedStatement();
+  PreparedStatement(const PreparedStatement&) = delete;
+  PreparedStatement& operator=(const PreparedStatement&) = delete;
+
+  void BindInt(int index, long long value);        // 1-based
+  void BindText(int index, std::string_view text);  // 1-based; the text is copied
+  // Runs the statement and resets it for the next binding.
+  void Run();
+
+ private:
+  std::shared_ptr<Connection> connection_;
+  struct sqlite3_stmt* statement_ = nullptr;
+};
+
+class clsDBEngine {
+ public:
+  clsDBEngine();
+  ~clsDBEngine();
+
+  // Opens the file at PathToDB for reading and writing. An open connection
+  // stays as it is (the "already open" error is swallowed).
+  std::any OpenDB();
+  // Closes the connection; a closed one is no failure.
+  void CloseDB();
+  // Stored and never used.
+  void CommDialog(void* dialog) { commDialog_ = dialog; }
+
+  const std::string& SQLString() const { return sqlString_; }
+  void SQLString(const std::string& sql) { sqlString_ = sql; }
+  const std::string& PathToDB() const { return pathToDB_; }
+  void PathToDB(const std::string& path) { pathToDB_ = path; }
+
+  // A row set over the result of SQLString.
+  std::shared_ptr<Recordset> RetreiveRecords();
+  // Runs SQLString; recordsAffected receives the number of rows touched.
+  void Execute(int32_t& recordsAffected);
+
+  void StartTrans();
+  void RollbckTrans();
+  void CommtTrans();
+
+  bool IsOpen() const { return connection_ != nullptr; }
+  // A prepared statement on the open connection.
+  std::unique_ptr<PreparedStatement> Prepare(const std::string& sql);
+
+ private:
+  std::shared_ptr<Connection> RequireOpen() const;
+
+  std::shared_ptr<Connection> connection_;
+  void* commDialog_ = nullptr;
+  std::string sqlString_;
+  std::string pathToDB_;
+};
+
+// The one database access object of the process (made by the start sequence).
+clsDBEngine& DatabaseEngine();
+// The open row set over tft.
+std::shared_ptr<Recordset>& TftRecords();
+
+// Opens DataFolder + "tft.mdb" and puts a fresh "Select * from tft" row set in TftRecords.
+void OpenDatabase();
+// Closes the connection; TftRecords stays as it is.
+void CloseDatabase();
+
+// The working database's file name where it is created; "tft.mdb" where it is
+// opened names the same file.
+inline constexpr const char* WorkingDatabaseName = "TFT.mdb";
+inline constexpr const char* EmptyDatabaseName = "EmptyTFT.mdb";
+
+// A path whose file name matches an existing file of its folder without
+// regard to case resolves to that file, so "tft.mdb" and "TFT.mdb" are one.
+std::string ResolveFileNameCase(const std::string& path);
+
+}  // namespace corvalin

@@ -1,0 +1,67 @@
+// The Toolkit of the tests: every box and dialog is recorded, and answers
+// come from queues the test fills. With an empty queue a box gives its
+// default button, a folder dialog is cancelled, a file dialog keeps its
+// preset name. EndProcess throws ProcessEnded, which the test catches.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "shell/Toolkit.h"
+
+namespace corvalin::testing {
+
+struct RecordedBox {
+  std::string text;
+  Buttons buttons;
+  Icon icon;
+  std::string title;
+  int defaultButton;
+  Answer answer;
+};
+
+class ScriptedToolkit : public Toolkit {
+ public:
+  // Queues of answers, taken front first.
+  std::deque<Answer> answers;
+  std::deque<std::string> folders;
+  std::deque<std::string> files;
+  std::deque<AppendChoice> appendChoices;
+  // Called at every DoEvents (to press Cancel in the middle of a load, say).
+  std::function<void()> onDoEvents;
+
+  // What happened.
+  std::vector<RecordedBox> boxes;
+  std::vector<std::string> folderTitles;
+  std::vector<FileDialogRequest> fileDialogs;
+  std::vector<std::pair<std::string, std::string>> busyWindow;  // title, text per call
+  std::vector<std::pair<std::string, std::string>> helpOpened;  // file, topic
+  std::vector<std::string> appendQuestions;
+  int busyHides = 0;
+  int doEvents = 0;
+  int beeps = 0;
+  bool busyPointer = false;
+  bool bannerShown = false;
+  std::string bannerText;
+
+  // The texts of all boxes, in order.
+  std::vector<std::string> Texts() const;
+
+  Answer Message(const MessageRequest& request) override;
+  std::string BrowseForFolder(const std::string& title, const std::string& initialFolder) override;
+  std::string ShowFileDialog(const FileDialogRequest& request) override;
+  void SetBusyPointer(bool busy) override { busyPointer = busy; }
+  void DoEvents() override;
+  void ShowBusyWindow(const std::string& title, const std::string& text) override;
+  void HideBusyWindow() override { ++busyHides; }
+  void ShowBanner(const std::string& title, const std::string& text) override;
+  void HideBanner() override { bannerShown = false; }
+  AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
+  void Beep() override { ++beeps; }
+  [[noreturn]] void EndProcess(int exitCode) override;
+};
+
+}  // namespace corvalin::testing

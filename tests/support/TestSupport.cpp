@@ -1,0 +1,116 @@
+#include "TestSupport.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "screens/Application.h"
+#include "shell/RunState.h"
+
+namespace corvalin::testing {
+
+std::vector<std::string> ScriptedToolkit::Texts() const {
+  std::vector<std::string> texts;
+  for (const auto& box : boxes) texts.push_back(box.text);
+  return texts;
+}
+
+Answer ScriptedToolkit::Message(const MessageRequest& request) {
+  Answer answer = DefaultAnswer(request);
+  if (!answers.empty()) {
+    answer = answers.front();
+    answers.pop_front();
+  }
+  boxes.push_back({request.text, request.buttons, request.icon, request.title, request.defaultButton, answer});
+  return answer;
+}
+
+std::string ScriptedToolkit::BrowseForFolder(const std::string& title, const std::string&) {
+  folderTitles.push_back(title);
+  if (folders.empty()) return "";
+  std::string folder = folders.front();
+  folders.pop_front();
+  return folder;
+}
+
+std::string ScriptedToolkit::ShowFileDialog(const FileDialogRequest& request) {
+  fileDialogs.push_back(request);
+  if (files.empty()) return request.fileName;
+  std::string file = files.front();
+  files.pop_front();
+  return file;
+}
+
+void ScriptedToolkit::DoEvents() {
+  ++doEvents;
+  if (onDoEvents) onDoEvents();
+}
+
+void ScriptedToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {
+  busyWindow.emplace_back(title, text);
+}
+
+void ScriptedToolkit::ShowBanner(const std::string&, const std::string& text) {
+  bannerShown = true;
+  bannerText = text;
+}
+
+AppendChoice ScriptedToolkit::AskAppendOverwriteCancel(const std::string& text) {
+  appendQuestions.push_back(text);
+  if (appendChoices.empty()) return AppendChoice::Overwrite;
+  AppendChoice choice = appendChoices.front();
+  appendChoices.pop_front();
+  return choice;
+}
+
+bool ScriptedToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {
+  helpOpened.emplace_back(helpFile, topic);
+  return true;
+}
+
+void ScriptedToolkit::EndProcess(int exitCode) { throw ProcessEnded{exitCode}; }
+
+void FreshProcess::SetUp() {
+  static std::mt19937_64 rng{std::random_device{}()};
+  home = std::filesystem::temp_directory_path() /
+         ("corvalin-test-" + std::to_string(::getpid()) + "-" + std::to_string(rng()));
+  std::filesystem::create_directories(home);
+  ::setenv("HOME", home.c_str(), 1);
+  ::setenv("XDG_CONFIG_HOME", (home / ".config").c_str(), 1);
+  ::unsetenv("XDG_DOCUMENTS_DIR");
+  App().UnloadAll();
+  ResetRunState();
+  SetToolkit(&ui);
+  std::filesystem::create_directories(home / "Work");
+  std::filesystem::create_directories(home / "Data");
+  Run().WorkFolder = (home / "Work").string() + "/";
+  Run().DataFolder = (home / "Data").string() + "/";
+}
+
+void FreshProcess::TearDown() {
+  App().UnloadAll();
+  ResetRunState();
+  SetToolkit(nullptr);
+  std::error_code ec;
+  std::filesystem::permissions(home, std::filesystem::perms::owner_all, ec);
+  std::filesystem::remove_all(home, ec);
+}
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream out;
+  out << in.rdbuf();
+  return out.str();
+}
+
+void WriteFile(const std::filesystem::path& path, const std::string& bytes) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << bytes;
+}
+
+std::filesystem::path SourceDir() { return CORVALIN_SOURCE_DIR; }
+std::filesystem::path BinaryDir() { return CORVALIN_BINARY_DIR; }
+std::filesystem::path SharedDataDir() { return CORVALIN_SHARED_DATA_DIR; }
+
+}  // namespace corvalin::testing

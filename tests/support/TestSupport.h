@@ -1,0 +1,34 @@
+// Shared test scaffolding: a fresh process state in a temporary HOME with the
+// scripted Toolkit, and small file helpers.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "ScriptedToolkit.h"
+
+namespace corvalin::testing {
+
+// Every test that touches run state, settings, folders or screens derives
+// from this: HOME and XDG_CONFIG_HOME point into a new temporary folder, the
+// run state is fresh, all screens are unloaded, and the scripted Toolkit is in
+// use. WorkFolder and DataFolder are made and set (with trailing "/").
+class FreshProcess : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  std::filesystem::path home;  // the temporary HOME
+  ScriptedToolkit ui;
+};
+
+std::string ReadFile(const std::filesystem::path& path);
+void WriteFile(const std::filesystem::path& path, const std::string& bytes);
+// The source tree, the build tree, and ../shared/data.
+std::filesystem::path SourceDir();
+std::filesystem::path BinaryDir();
+std::filesystem::path SharedDataDir();
+
+}  // namespace corvalin::testing
