@@ -1,0 +1,16 @@
+// The progress window of long operations (frmBusyMessage) and the way a long
+// loop lets the interface breathe.
+#pragma once
+
+#include <string>
+
+namespace corvalin {
+
+// In an unattended run only lets pending events run; otherwise shows the
+// busy window with this title and text, then lets pending events run (which
+// is when its Cancel can arrive).
+void ShowBusy(const std::string& title, const std::string& text);
+// Takes the busy window down (interactive run) and lets pending events run.
+void HideBusy();
+
+}  // namespace corvalin

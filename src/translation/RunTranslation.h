@@ -1,0 +1,13 @@
+// The translation run: the working table, validated, written as a tree list file.
+#pragma once
+
+namespace corvalin {
+
+// Asks about an existing output file (interactive run), writes the metric or
+// imperial tree list by the variant shown on frmHeaders, and says so. False
+// when the user cancelled at the append question.
+bool RunTranslation();
+void TranslateBc();
+void TranslateUs();
+
+}  // namespace corvalin
