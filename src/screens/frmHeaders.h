@@ -15,7 +15,7 @@ namespace corvalin {
 
 // The data source that binds a row set to the grid.
 struct DataControl {
-  std::shared_ptr<Recordset> Recordset;
+  std::shared_ptr<corvalin::Recordset> Recordset;
 };
 
 class frmHeaders : public Screen {
