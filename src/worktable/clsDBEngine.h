@@ -12,6 +12,8 @@
 
 #include "worktable/Recordset.h"
 
+struct sqlite3_stmt;
+
 namespace corvalin {
 
 struct Connection;
@@ -32,7 +34,7 @@ class PreparedStatement {
 
  private:
   std::shared_ptr<Connection> connection_;
-  struct sqlite3_stmt* statement_ = nullptr;
+  ::sqlite3_stmt* statement_ = nullptr;
 };
 
 class clsDBEngine {

@@ -3,9 +3,11 @@
 #include <cstdlib>
 #include <fstream>
 #include <random>
+#include <unistd.h>
 #include <sstream>
 
 #include "screens/Application.h"
+#include "shell/Error.h"
 #include "shell/RunState.h"
 
 namespace corvalin::testing {

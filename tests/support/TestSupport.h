@@ -8,6 +8,7 @@
 #include <string>
 
 #include "ScriptedToolkit.h"
+#include "shell/RunState.h"
 
 namespace corvalin::testing {
 
@@ -19,6 +20,10 @@ class FreshProcess : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
+
+  // The run state, by the name the program uses (the test framework has a
+  // Run of its own, which this hides inside fixtures).
+  static RunState& Run() { return ::corvalin::Run(); }
 
   std::filesystem::path home;  // the temporary HOME
   ScriptedToolkit ui;

@@ -1,0 +1,22 @@
+// What the engine, its statements and its row sets share: one SQLite handle,
+// closed when the last of them lets go. A row set keeps the file open after
+// the engine closed its connection, so that an edit through it still lands.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <string>
+
+namespace corvalin {
+
+struct Connection {
+  sqlite3* db = nullptr;
+  ~Connection() {
+    if (db != nullptr) sqlite3_close_v2(db);
+  }
+};
+
+// The store's failure as a run-time error: its code and message.
+[[noreturn]] void RaiseDatabaseError(sqlite3* db, const std::string& source);
+
+}  // namespace corvalin

@@ -1,0 +1,138 @@
+#include "worktable/clsDBEngine.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+#include "shell/Error.h"
+#include "shell/RunState.h"
+#include "shell/Text.h"
+#include "worktable/Connection.h"
+#include "worktable/RowStore.h"
+
+namespace corvalin {
+
+namespace {
+
+void ExecPlain(Connection& connection, const char* sql, const char* source) {
+  char* message = nullptr;
+  if (sqlite3_exec(connection.db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
+    const std::string text = message != nullptr ? message : "?";
+    sqlite3_free(message);
+    throw RuntimeError(err::DatabaseError, source, text);
+  }
+}
+
+}  // namespace
+
+std::string ResolveFileNameCase(const std::string& path) {
+  namespace fs = std::filesystem;
+  const fs::path p(path);
+  std::error_code ec;
+  if (fs::exists(p, ec)) return path;
+  const fs::path folder = p.has_parent_path() ? p.parent_path() : fs::path(".");
+  const std::string name = p.filename().string();
+  for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    if (EqualsNoCase(it->path().filename().string(), name)) return (folder / it->path().filename()).string();
+  }
+  return path;
+}
+
+// ---- PreparedStatement ----
+
+PreparedStatement::PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql)
+    : connection_(std::move(connection)) {
+  if (sqlite3_prepare_v2(connection_->db, sql.c_str(), -1, &statement_, nullptr) != SQLITE_OK)
+    RaiseDatabaseError(connection_->db, "clsDBEngine.Prepare");
+}
+
+PreparedStatement::~PreparedStatement() { sqlite3_finalize(statement_); }
+
+void PreparedStatement::BindInt(int index, long long value) { sqlite3_bind_int64(statement_, index, value); }
+
+void PreparedStatement::BindText(int index, std::string_view text) {
+  sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+void PreparedStatement::Run() {
+  const int rc = sqlite3_step(statement_);
+  sqlite3_reset(statement_);
+  if (rc != SQLITE_DONE) RaiseDatabaseError(connection_->db, "clsDBEngine.Execute");
+}
+
+// ---- clsDBEngine ----
+
+clsDBEngine::clsDBEngine() = default;
+clsDBEngine::~clsDBEngine() = default;
+
+std::any clsDBEngine::OpenDB() {
+  // Opening an open connection is harmless: the connection stays as it was.
+  if (connection_) return {};
+  auto connection = std::make_shared<Connection>();
+  const std::string path = ResolveFileNameCase(pathToDB_);
+  // Read and write, never create: a missing working database is a failure.
+  if (sqlite3_open_v2(path.c_str(), &connection->db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+    const std::string message = connection->db != nullptr ? sqlite3_errmsg(connection->db) : "cannot open";
+    throw RuntimeError(err::DatabaseError, "clsDBEngine.OpenDB", message + ": " + path);
+  }
+  // The working table is scratch: no journal on the disk, no waiting for it.
+  ExecPlain(*connection, "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;", "clsDBEngine.OpenDB");
+  // A file that is not a database fails here rather than at the first select.
+  ExecPlain(*connection, "SELECT count(*) FROM sqlite_master;", "clsDBEngine.OpenDB");
+  connection_ = std::move(connection);
+  return {};
+}
+
+void clsDBEngine::CloseDB() {
+  // Closing a closed connection is harmless too. Row sets still holding the
+  // file let it go when they are released.
+  connection_.reset();
+}
+
+std::shared_ptr<Connection> clsDBEngine::RequireOpen() const {
+  if (!connection_) Raise(err::ObjectClosed, "clsDBEngine");
+  return connection_;
+}
+
+std::shared_ptr<Recordset> clsDBEngine::RetreiveRecords() {
+  auto connection = RequireOpen();
+  return std::make_shared<Recordset>(connection, FetchRows(*connection, sqlString_));
+}
+
+void clsDBEngine::Execute(int32_t& recordsAffected) {
+  auto connection = RequireOpen();
+  ExecPlain(*connection, sqlString_.c_str(), "clsDBEngine.Execute");
+  recordsAffected = static_cast<int32_t>(sqlite3_changes(connection->db));
+}
+
+void clsDBEngine::StartTrans() { ExecPlain(*RequireOpen(), "BEGIN", "clsDBEngine.StartTrans"); }
+void clsDBEngine::RollbckTrans() { ExecPlain(*RequireOpen(), "ROLLBACK", "clsDBEngine.RollbckTrans"); }
+void clsDBEngine::CommtTrans() { ExecPlain(*RequireOpen(), "COMMIT", "clsDBEngine.CommtTrans"); }
+
+std::unique_ptr<PreparedStatement> clsDBEngine::Prepare(const std::string& sql) {
+  return std::make_unique<PreparedStatement>(RequireOpen(), sql);
+}
+
+// ---- the process-wide door ----
+
+clsDBEngine& DatabaseEngine() {
+  static clsDBEngine engine;
+  return engine;
+}
+
+std::shared_ptr<Recordset>& TftRecords() {
+  static std::shared_ptr<Recordset> records;
+  return records;
+}
+
+void OpenDatabase() {
+  clsDBEngine& engine = DatabaseEngine();
+  engine.PathToDB(Run().DataFolder + "tft.mdb");
+  engine.OpenDB();
+  engine.SQLString("Select * from tft");
+  TftRecords() = engine.RetreiveRecords();
+}
+
+void CloseDatabase() { DatabaseEngine().CloseDB(); }
+
+}  // namespace corvalin

@@ -1,0 +1,158 @@
+// The row set the grid, the commands, validation and translation work
+// through: walking, fields by name, edits written through, bookmarks, clones
+// and the forward search.
+#include <filesystem>
+
+#include "TestSupport.h"
+#include "shell/Error.h"
+#include "shell/RunState.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+namespace {
+
+namespace fs = std::filesystem;
+
+class RecordsetTest : public testing::FreshProcess {
+ protected:
+  void SetUp() override {
+    FreshProcess::SetUp();
+    fs::copy_file(testing::BinaryDir() / "share/corvalin/EmptyTFT.mdb", fs::path(Run().DataFolder) / "TFT.mdb");
+    OpenDatabase();
+    for (int line = 1; line <= 5; ++line) {
+      DatabaseEngine().SQLString("INSERT INTO tft (LineNum,c1,c2,Excluded) VALUES (" + std::to_string(line) + ",'r" +
+                                 std::to_string(line) + "','', '" + (line == 3 ? "Y" : "N") + "')");
+      int32_t affected = -1;
+      DatabaseEngine().Execute(affected);
+    }
+    OpenDatabase();
+  }
+  void TearDown() override {
+    CloseDatabase();
+    TftRecords().reset();
+    FreshProcess::TearDown();
+  }
+  Recordset& rs() { return *TftRecords(); }
+};
+
+TEST_F(RecordsetTest, RowsComeInLoadOrderAndTheWalkEndsAtEOF) {
+  std::string seen;
+  for (rs().MoveFirst(); !rs().IsEOF(); rs().MoveNext()) seen += rs().Text("c1") + " ";
+  EXPECT_EQ(seen, "r1 r2 r3 r4 r5 ");
+}
+
+TEST_F(RecordsetTest, FieldsAreFoundWithoutRegardToCase) {
+  rs().MoveFirst();
+  EXPECT_EQ(rs().Text("LINENUM"), "1");
+  EXPECT_EQ(rs().Text("C1"), "r1");
+  EXPECT_EQ(rs().Text("excluded"), "N");
+}
+
+TEST_F(RecordsetTest, ANullCellReadsAsNullAndAsTextRaisesInvalidUseOfNull) {
+  rs().MoveFirst();
+  EXPECT_FALSE(rs().Value("c3").has_value());
+  EXPECT_EQ(rs().TextOrEmpty("c3"), "");
+  try {
+    (void)rs().Text("c3");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 94);
+    EXPECT_EQ(error.description(), "Invalid use of Null");
+  }
+}
+
+TEST_F(RecordsetTest, AnEmptyCellIsTheEmptyStringNotNull) {
+  rs().MoveFirst();
+  ASSERT_TRUE(rs().Value("c2").has_value());
+  EXPECT_EQ(*rs().Value("c2"), "");
+}
+
+TEST_F(RecordsetTest, AnUpdateIsVisibleToALaterSelectAtOnce) {
+  rs().MoveFirst();
+  rs().MoveNext();
+  rs().SetValue("c1", "changed");
+  rs().Update();
+  DatabaseEngine().SQLString("Select * from tft where LineNum = 2");
+  auto again = DatabaseEngine().RetreiveRecords();
+  EXPECT_EQ(again->Text("c1"), "changed");
+}
+
+TEST_F(RecordsetTest, AClonesEditIsSeenByTheOriginalWhosePositionStays) {
+  rs().MoveFirst();
+  rs().MoveNext();
+  auto clone = rs().Clone();
+  clone->MoveFirst();
+  clone->SetValue("Excluded", "Y");
+  clone->Update();
+  EXPECT_EQ(rs().Text("LineNum"), "2");
+  rs().MoveFirst();
+  EXPECT_EQ(rs().Text("Excluded"), "Y");
+}
+
+TEST_F(RecordsetTest, ABookmarkReturnsToItsRow) {
+  rs().MoveFirst();
+  rs().MoveNext();
+  rs().MoveNext();
+  const auto mark = rs().GetBookmark();
+  rs().MoveFirst();
+  rs().SetBookmark(mark);
+  EXPECT_EQ(rs().Text("LineNum"), "3");
+  auto clone = rs().Clone();
+  clone->SetBookmark(mark);
+  EXPECT_EQ(clone->Text("c1"), "r3");
+}
+
+TEST_F(RecordsetTest, FindSearchesForwardFromTheCurrentRow) {
+  rs().MoveFirst();
+  rs().Find("LineNum = 4");
+  ASSERT_FALSE(rs().IsEOF());
+  EXPECT_EQ(rs().Text("c1"), "r4");
+  rs().Find("LineNum = 2");
+  EXPECT_TRUE(rs().IsEOF());
+}
+
+TEST_F(RecordsetTest, TheNotExcludedSelectLeavesExcludedRowsOut) {
+  DatabaseEngine().SQLString("Select * from tft where Excluded = 'N'");
+  auto kept = DatabaseEngine().RetreiveRecords();
+  EXPECT_EQ(kept->RecordCount(), 4);
+}
+
+TEST_F(RecordsetTest, MovingPastTheEndRaisesNoCurrentRecord) {
+  rs().MoveLast();
+  rs().MoveNext();
+  EXPECT_TRUE(rs().IsEOF());
+  try {
+    rs().MoveNext();
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3021);
+  }
+}
+
+TEST_F(RecordsetTest, MovePreviousFromTheFirstRowReachesBOF) {
+  rs().MoveFirst();
+  rs().MovePrevious();
+  EXPECT_TRUE(rs().IsBOF());
+}
+
+TEST_F(RecordsetTest, AnUnknownFieldRaisesItemNotFound) {
+  rs().MoveFirst();
+  try {
+    (void)rs().Value("c31");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3265);
+  }
+}
+
+TEST_F(RecordsetTest, AnEditThroughARowSetStillLandsAfterTheEngineClosed) {
+  rs().MoveFirst();
+  CloseDatabase();
+  rs().SetValue("c1", "late");
+  rs().Update();
+  OpenDatabase();
+  EXPECT_EQ(TftRecords()->Text("c1"), "late");
+}
+
+}  // namespace
+}  // namespace corvalin
