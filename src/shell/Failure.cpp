@@ -94,4 +94,38 @@ void RunEvent(const std::function<void()>& routine) {
   }
 }
 
+std::string ReporterText(const std::string& heading, const RuntimeError& error) {
+  return heading + "Module = " + Run().CurrentScreen + "\r\n" + std::to_string(error.number()) + ": " +
+         error.description();
+}
+
+void ReportNamedFailure(const std::string& heading, const RuntimeError& error) {
+  ShowMessage(ReporterText(heading, error));
+}
+
+std::string PrepareDatabaseReportText(const RuntimeError& error) {
+  return "Error preparing database\r\n" + std::to_string(error.number()) + " - '" + error.description() +
+         "'\r\nLine: " + Run().TraceStep;
+}
+
+std::string FormErrorText(const std::string& formName, const RuntimeError& error) {
+  return "Error in form: " + formName + "\r\n" + std::to_string(error.number()) + ": " + error.description();
+}
+
+void ReportFormError(const std::string& formName, const RuntimeError& error) {
+  UI().Message({FormErrorText(formName, error), Buttons::OK, Icon::None, "", 1});
+}
+
+RuntimeError WithSourceInFront(const std::exception& error, const std::string& trail) {
+  RuntimeError e = AsRuntimeError(error);
+  e.set_source(trail + e.source());
+  return e;
+}
+
+RuntimeError WithSourceBehind(const std::exception& error, const std::string& trail) {
+  RuntimeError e = AsRuntimeError(error);
+  e.set_source(e.source() + trail);
+  return e;
+}
+
 }  // namespace corvalin

@@ -35,6 +35,33 @@ void ReportEventError(const RuntimeError& error);
 // (a bad index, a failed conversion) are reported as the run-time errors
 // they stand for.
 void RunEvent(const std::function<void()>& routine);
+// The named reporters: routines that compose a message of their own, show
+// it through ShowMessage and end normally, so that their callers do not learn
+// of the failure. Their headings:
+inline constexpr const char* ReadingInputFileFailed = "Error reading input file.";
+inline constexpr const char* TranslatingFileFailed = "Error translating file.";
+inline constexpr const char* WritingSlfFileFailed = "Error writing .SLF file.";
+inline constexpr const char* WritingLocationFileFailed = "Error writing Location file.";
+// heading + "Module = " + CurrentScreen + CR LF + number + ": " + description
+std::string ReporterText(const std::string& heading, const RuntimeError& error);
+// ShowMessage(ReporterText(heading, error)).
+void ReportNamedFailure(const std::string& heading, const RuntimeError& error);
+// The report of the database load: "Error preparing database" + CR LF +
+// number + " - '" + description + "'" + CR LF + "Line: " + TraceStep.
+std::string PrepareDatabaseReportText(const RuntimeError& error);
+
+// The handler of the start sequence does not go through ShowMessage: a box,
+// OK only and no icon, with "Error in form: " + form + CR LF + number + ": " +
+// description, in both run modes, and no result file.
+std::string FormErrorText(const std::string& formName, const RuntimeError& error);
+void ReportFormError(const std::string& formName, const RuntimeError& error);
+
+// The folder routines raise an error again with a trail in its source: in
+// front ("KelmarUtil.LocateDataFolder(), " + old source) or behind (old
+// source + ",AppUtil.GetMyDocumentsFolderPath()").
+RuntimeError WithSourceInFront(const std::exception& error, const std::string& trail);
+RuntimeError WithSourceBehind(const std::exception& error, const std::string& trail);
+
 // Turns any exception of the standard library into the run-time error it
 // stands for; a RuntimeError is returned as it is.
 RuntimeError AsRuntimeError(const std::exception& error);

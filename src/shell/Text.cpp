@@ -2,6 +2,8 @@
 
 #include <cctype>
 
+#include "shell/Error.h"
+
 namespace corvalin {
 
 std::string TrimLeftBlanks(std::string_view text) {
@@ -51,6 +53,37 @@ bool StartsWith(std::string_view text, std::string_view prefix) {
 std::string TrimAtNull(std::string_view text) {
   const auto nul = text.find('\0');
   return std::string(nul == std::string_view::npos ? text : text.substr(0, nul));
+}
+
+std::string TrimBufferAtNull(std::string_view text) {
+  const auto nul = text.find('\0');
+  if (nul == std::string_view::npos) Raise(err::InvalidProcedureCall, "TrimAtNull");
+  return std::string(text.substr(0, nul));
+}
+
+bool IsYes(std::string_view text) { return !text.empty() && (text.front() == 'Y' || text.front() == 'y'); }
+
+int IsYesValue(std::string_view text) { return IsYes(text) ? 1 : 0; }
+
+std::string YesNoText(int value) { return value == 1 ? "YES" : "NO"; }
+
+bool IsSingleWord(std::string_view text) { return TrimBlanks(text).find(' ') == std::string::npos; }
+
+std::string SqlQuote(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) {
+    out += c;
+    if (c == '\'') out += '\'';
+  }
+  return out;
+}
+
+std::string MarkTabs(std::string_view text) {
+  std::string out(text);
+  for (char& c : out)
+    if (c == '\t') c = kTabMark;
+  return out;
 }
 
 }  // namespace corvalin

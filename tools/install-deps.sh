@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs what building and testing Corvalin needs on Debian (and its
+# derivatives), and nothing when all of it is there already. apt-get runs as
+# root directly, and through sudo for anybody else.
+set -euo pipefail
+
+PACKAGES=(cmake ninja-build g++ qt6-base-dev libsqlite3-dev libgtest-dev)
+
+if ! command -v dpkg-query >/dev/null 2>&1; then
+  echo "install-deps: no dpkg here; please install the equivalents of: ${PACKAGES[*]}" >&2
+  for tool in cmake ninja g++; do
+    command -v "$tool" >/dev/null 2>&1 || { echo "install-deps: $tool is missing" >&2; exit 1; }
+  done
+  exit 0
+fi
+
+missing=()
+for package in "${PACKAGES[@]}"; do
+  status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+  [[ "$status" == "install ok installed" ]] || missing+=("$package")
+done
+
+if [[ ${#missing[@]} -eq 0 ]]; then
+  exit 0
+fi
+
+echo "install-deps: installing ${missing[*]}"
+if [[ $(id -u) -eq 0 ]]; then
+  as_root=()
+elif command -v sudo >/dev/null 2>&1; then
+  as_root=(sudo)
+else
+  echo "install-deps: need root or sudo to install: ${missing[*]}" >&2
+  exit 1
+fi
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
