@@ -1,6 +1,11 @@
-// frmTemplate: the first screen, and the holder of the paths of a run. The
-// labels' captions are the paths; setting one runs its change routine.
+// frmTemplate: the first screen, where the user says what to do in this pass
+// and names the files and the template; and the holder of the paths of a
+// run: the labels' captions are the paths, and setting one runs its change
+// routine, which checks the file. In an unattended run it is loaded, never
+// shown, and its load reads the command line.
 #pragma once
+
+#include <string>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
@@ -9,17 +14,74 @@ namespace corvalin {
 
 class frmTemplate : public Screen {
  public:
+  frmTemplate();
   const char* Name() const override { return "frmTemplate"; }
 
+  // The screen's help context.
+  static constexpr int kHelpContext = 7;
+
+  void Form_Load() override;
+
+  // Events.
+  void lblInputFile_Change();
+  void lblOutputFile_Change();
+  void lblSlfFile_Change();
+  void lblLocationsFile_Change();
+  void cmbTemplate_Click();
+  void chkTranslateFile_Click();
+  void chkEditStandListFile_Click();
+  void chkNoInput_Click();
+  void cmdHelp_Click();
+  void cmdQuit_Click();
+  // A close by the window's control menu: the quit question, and the close
+  // itself does not happen.
+  void CloseRequested();
+
+  // Fills cmbTemplate with "None" and the templates of the Work folder, and
+  // selects name (or "None" when it is empty).
+  void RefreshTemplateList(const std::string& name);
+  void UpdateGroupEnabling();
+  void UpdateNextButtons();
+
+  // Translate group.
   CheckBox chkTranslateFile;
-  CheckBox chkEditStandListFile;
+  Control fraTranslateFile;
   CheckBox chkNoInput;
+  Button cmdChangeInput;
+  Button cmdChangeOutput;
+  Label lblInputFile1;
+  Label lblOutputFile1;
   Label lblInputFile;
   Label lblOutputFile;
+  Label lblTemplateFile1;
+  ListControl cmbTemplate;
+  Button cmdDeleteTemplate;
+  Button cmdNextTrans;
+  Button cmdFinish;
+  Label Label2;
+
+  // Edit group.
+  CheckBox chkEditStandListFile;
+  Control fraEditStandListFile;
+  Button cmdSelectSlf;
+  Button cmdSelectLocations;
+  Label lblStandListFile1;
+  Label lblLocationFile1;
   Label lblSlfFile;
   Label lblLocationsFile;
+  Label Label1;
   Label lblWorkingDirectory;
-  ListControl cmbTemplate;
+  Button cmdNext;
+  Label Label3;
+
+  Button cmdConfigure;
+  Button cmdHelp;
+  Button cmdQuit;
+
+ private:
+  void ReadCommandLine();
+  void LoadDefaultsFromSettings();
+  void SetUpFileDialogs();
 };
 
 }  // namespace corvalin

@@ -1,0 +1,192 @@
+#include "screens/frmMain.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "screens/Application.h"
+#include "screens/frmTemplate.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/Folders.h"
+#include "shell/Help.h"
+#include "shell/Process.h"
+#include "shell/RunState.h"
+#include "shell/Settings.h"
+#include "shell/ShellPath.h"
+#include "shell/Text.h"
+#include "templates/TemplateCommands.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+
+std::string CannotLocateFilesText() {
+  return std::string("Cannot locate all the required files necessary to successfully run ") + ProductTitle +
+         ".  Exiting the program.";
+}
+
+frmMain::frmMain() { Caption = "Main Form - not visible"; }
+
+void frmMain::Form_Load() {
+  try {
+    StartSequence();
+  } catch (const std::exception& error) {
+    // Shown in both run modes, and no result file comes of it.
+    ReportFormError("frmMain", AsRuntimeError(error));
+  }
+}
+
+void frmMain::StartSequence() {
+  RunState& run = Run();
+
+  // 1. Work from the program's folder.
+  const std::string programFolder = ProgramFileFolder();
+  if (::chdir(programFolder.c_str()) != 0) Raise(err::PathNotFound, "frmMain");
+
+  // 3. The program folder, and the installation files beside it: the
+  // share/corvalin folder plays the part of the program folder's parent.
+  run.ProgramFolder = AddBackslash(programFolder);
+  run.InstallFolder =
+      AddBackslash(std::filesystem::path(run.ProgramFolder + "../share/corvalin").lexically_normal().string());
+
+  // 2. The Convert folder, kept for the sibling programs; nothing here uses
+  // it. An installation the user cannot write to goes without it.
+  const std::string convert = run.InstallFolder + "Convert";
+  if (!IsDirectory(convert) && ::access(run.InstallFolder.c_str(), W_OK) == 0) {
+    std::error_code ec;
+    std::filesystem::create_directory(convert, ec);
+    if (ec) Raise(err::PathFileAccess, "frmMain");
+  }
+
+  // 4.-6. The help file: the HelpDir setting when it names an existing path.
+  const std::string defaultHelp = run.InstallFolder + "Help" + PathSeparatorText + HelpFileName;
+  std::string help = GetSetting(SettingsApplication, "Brenwick", "HelpDir", defaultHelp);
+  if (!PathExists(help)) help = defaultHelp;
+  run.HelpFile = help;
+
+  // 7.
+  InitRunDefaults();
+
+  // 8. The same in both modes: an unattended run with unset folders asks too.
+  if (!Locate_Directories()) {
+    UI().Message({CannotLocateFilesText(), Buttons::OK, Icon::Critical, ProductTitle, 1});
+    UI().EndProcess(1);
+  }
+
+  // 9.
+  DatabaseEngine();
+
+  // 10.
+  if (CommandLine().empty()) {
+    InteractivePath();
+  } else {
+    BatchPath();
+  }
+}
+
+bool frmMain::Locate_Directories() {
+  try {
+    RunState& run = Run();
+    bool ok = true;
+    if (run.DataFolder.empty() || !IsDirectory(run.DataFolder)) ok = LocateDataFolder(run.DataFolder);
+    // The Work question comes even when the Data one has failed.
+    if (run.WorkFolder.empty() || !IsDirectory(run.WorkFolder)) ok = LocateWorkFolder(run.WorkFolder) && ok;
+    return ok;
+  } catch (const std::exception& error) {
+    throw WithSourceInFront(error, "frmMain.Locate_Directories(), ");
+  }
+}
+
+void frmMain::InteractivePath() {
+  Run().CommandLineMode = false;
+  FirstUseConfigurationDue = !IsYes(GetSetting(SettingsApplication, "Corvalin", "Configured", "NO"));
+  App().Template().Show();
+}
+
+void frmMain::BatchPath() {
+  Run().CommandLineMode = true;
+  // frmAutoMsg, shown for the whole run.
+  Run().CurrentScreen = "autoMessage";
+  UI().ShowBanner(ApplicationTitle, "Translating file ...");
+  UI().DoEvents();
+  UI().SetBusyPointer(true);
+  // Its load reads the command line and selects the template.
+  App().Template();
+  if (ContinueBatchRun) ContinueBatchRun();
+}
+
+frmMain& MainForm() {
+  static frmMain form;
+  return form;
+}
+
+void InitRunDefaults() {
+  RunState& run = Run();
+  run.InputFileFilter = StandardInputFileFilter;
+  run.OutputFileFilter = StandardOutputFileFilter;
+  run.InputPreviewLoaded = false;
+  run.ReloadNeeded = true;
+  run.UseTemplate = false;
+  run.RefreshingTemplateList = false;
+  Commands().CommandCount = 0;
+  run.TranslationDone = false;
+  run.StandListSaved = false;
+  run.LocationFileSaved = false;
+  run.DataFolder = GetSetting(SettingsApplication, "Common", "DataDir", "");
+  run.WorkFolder = GetSetting(SettingsApplication, "Common", "WorkDir", "");
+}
+
+namespace {
+
+// Reads one input line: it ends at CR, CR LF or LF. False at the end of the file.
+bool ReadLine(std::FILE* file, std::string& line) {
+  line.clear();
+  int c = std::fgetc(file);
+  if (c == EOF) return false;
+  while (c != EOF && c != '\r' && c != '\n') {
+    line += static_cast<char>(c);
+    c = std::fgetc(file);
+  }
+  if (c == '\r') {
+    const int next = std::fgetc(file);
+    if (next != '\n' && next != EOF) std::ungetc(next, file);
+  }
+  return true;
+}
+
+}  // namespace
+
+void ReadInputPreview() {
+  RunState& run = Run();
+  try {
+    const std::string path = App().Template().lblInputFile.Caption;
+    run.InputPreview.clear();
+    run.InputPreviewCount = 0;
+    if (path != NoInputFileMarker) {
+      if (IsDirectory(path)) Raise(err::PathFileAccess, "ReadInputPreview");
+      std::FILE* file = std::fopen(path.c_str(), "rb");
+      if (file == nullptr) Raise(err::FileNotFound, "ReadInputPreview");
+      std::string line;
+      // The rest of a longer file matters only to the load of the working table.
+      while (run.InputPreviewCount < kMaxPreviewLines && ReadLine(file, line)) {
+        run.InputPreview.push_back(line);
+        run.InputPreviewCount = Inc16(run.InputPreviewCount);
+      }
+      std::fclose(file);
+    }
+    run.InputPreviewLoaded = true;
+  } catch (const std::exception& error) {
+    ReportNamedFailure(ReadingInputFileFailed, AsRuntimeError(error));
+  }
+}
+
+const std::string& GetPreviewLine(int16_t index) {
+  const RunState& run = Run();
+  Assert(index >= 1 && index <= run.InputPreviewCount);
+  return run.InputPreview.at(static_cast<std::size_t>(index - 1));
+}
+
+int16_t PreviewScrollMaximum(int16_t count) { return count >= 5 ? static_cast<int16_t>(count - 3) : int16_t{1}; }
+
+}  // namespace corvalin

@@ -1,0 +1,414 @@
+#include "screens/frmTemplate.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+#include "screens/Application.h"
+#include "screens/frmMain.h"
+#include "shell/AppUtil.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/Help.h"
+#include "shell/Process.h"
+#include "shell/RunState.h"
+#include "shell/Settings.h"
+#include "shell/ShellPath.h"
+#include "shell/Text.h"
+
+namespace corvalin {
+
+namespace {
+
+constexpr const char* kSection = "Corvalin";
+constexpr const char* kTemplateExtension = ".cnv";
+
+// Opening a file for input and closing it again: the test of a path. Fails
+// with the run-time error of the reason.
+void TestOpenForInput(const std::string& path) {
+  if (IsDirectory(path)) Raise(err::PathFileAccess, "frmTemplate");
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr) {
+    const int reason = errno;
+    if (reason == ENOENT) Raise(err::FileNotFound, "frmTemplate");
+    if (reason == EACCES || reason == EPERM) Raise(err::PermissionDenied, "frmTemplate");
+    Raise(err::PathFileAccess, "frmTemplate");
+  }
+  std::fclose(file);
+}
+
+// The template files of the Work folder, in a stable order: by name without
+// regard to case, as a file list shows them.
+std::vector<std::string> TemplateFileNames(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code ec;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, ec)) {
+    if (!entry.is_regular_file(ec)) continue;
+    const std::string name = entry.path().filename().string();
+    if (name.size() > 4 && name.compare(name.size() - 4, 4, kTemplateExtension) == 0) names.push_back(name);
+  }
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    const std::string la = ToLower(a);
+    const std::string lb = ToLower(b);
+    return la != lb ? la < lb : a < b;
+  });
+  return names;
+}
+
+// The 1-based position of the first blank at or after start (1-based), 0 when none.
+std::size_t InStrBlank(const std::string& text, std::size_t start) {
+  const auto at = text.find(' ', start - 1);
+  return at == std::string::npos ? 0 : at + 1;
+}
+
+}  // namespace
+
+frmTemplate::frmTemplate() {
+  chkTranslateFile.Caption = "Translate File";
+  fraTranslateFile.Enabled = true;
+  chkNoInput.Caption = "No Input File";
+  cmdChangeInput.Caption = "Browse";
+  cmdChangeOutput.Caption = "Browse";
+  lblInputFile1.Caption = "Input File:";
+  lblOutputFile1.Caption = "Output File:";
+  lblTemplateFile1.Caption = "Use Template:";
+  cmdDeleteTemplate.Caption = "Delete";
+  cmdNextTrans.Caption = "Next >>";
+  cmdFinish.Caption = "Translate";
+  Label2.Caption = "Click Next to continue or specify template to translate";
+  chkEditStandListFile.Caption = "Edit Marlowyn Files";
+  cmdSelectSlf.Caption = "Browse";
+  cmdSelectLocations.Caption = "Browse";
+  lblStandListFile1.Caption = "Stand List File:";
+  lblLocationFile1.Caption = "Locations File:";
+  Label1.Caption = "Marlowyn Working Directory:";
+  cmdNext.Caption = "Next >>";
+  Label3.Caption = "Click Next to continue";
+  cmdConfigure.Caption = "Change Defaults";
+  cmdHelp.Caption = "Help";
+  cmdQuit.Caption = "Quit";
+
+  lblInputFile.Change = [this] { lblInputFile_Change(); };
+  lblOutputFile.Change = [this] { lblOutputFile_Change(); };
+  lblSlfFile.Change = [this] { lblSlfFile_Change(); };
+  lblLocationsFile.Change = [this] { lblLocationsFile_Change(); };
+  // The path routines read this caption; it stays empty, as nothing sets it.
+  lblWorkingDirectory.Change = [this] { SetWorkingDirectoryCaption(lblWorkingDirectory.Caption); };
+  SetWorkingDirectoryCaption(lblWorkingDirectory.Caption);
+}
+
+void frmTemplate::Form_Load() {
+  RunEvent([this] {
+    Run().CurrentScreen = "Template";
+    Caption = std::string(ApplicationTitle) + " - Specify File Names and Template";
+    HelpContextID = kHelpContext;
+    if (Run().CommandLineMode) {
+      ReadCommandLine();
+    } else {
+      LoadDefaultsFromSettings();
+    }
+    UpdateGroupEnabling();
+    UpdateNextButtons();
+    if (!fraEditStandListFile.Enabled) lblSlfFile.SetCaption("");
+    SetUpFileDialogs();
+  });
+}
+
+void frmTemplate::ReadCommandLine() {
+  const std::string& command = CommandLine();
+  // The first two blanks split the line; there is no quoting. A line without
+  // a blank, or with only one, fails where its field would be cut out.
+  const std::size_t p1 = InStrBlank(command, 1);
+  if (p1 == 0) Raise(err::InvalidProcedureCall, "frmTemplate");
+  lblInputFile.SetCaption(FromStartFolder(command.substr(0, p1 - 1)));
+  const std::size_t p2 = InStrBlank(command, p1 + 1);
+  if (p2 == 0) Raise(err::InvalidProcedureCall, "frmTemplate");
+  lblOutputFile.SetCaption(FromStartFolder(command.substr(p1, p2 - p1 - 1)));
+  Run().TemplateFilePath = command.substr(p2);
+
+  if (lblInputFile.Caption.empty()) WriteResult("Invalid input file path\\name: ");
+  if (lblOutputFile.Caption.empty()) WriteResult("Invalid output file path\\name: ");
+  if (Run().TemplateFilePath.empty()) WriteResult("Invalid template file path\\name: ");
+
+  chkTranslateFile.Value = 1;
+  chkEditStandListFile.Value = 0;
+  RefreshTemplateList(Run().TemplateFilePath);
+}
+
+void frmTemplate::LoadDefaultsFromSettings() {
+  RunState& run = Run();
+  lblInputFile.SetCaption("");
+  lblOutputFile.SetCaption("");
+  // TranslateFile is stored by the defaults screen but the box always starts checked.
+  chkTranslateFile.Value = 1;
+  chkEditStandListFile.Value = IsYesValue(GetSetting(SettingsApplication, kSection, "EditStandListFile", "NO"));
+
+  run.DefaultInputFileDirectory =
+      GetSetting(SettingsApplication, kSection, "DefaultInputFileDirectory", run.WorkFolder);
+  if (!IsDirectory(run.DefaultInputFileDirectory)) run.DefaultInputFileDirectory = run.WorkFolder;
+  run.DefaultOutputFileDirectory =
+      GetSetting(SettingsApplication, kSection, "DefaultOutputFileDirectory", run.WorkFolder);
+  if (!IsDirectory(run.DefaultOutputFileDirectory)) run.DefaultOutputFileDirectory = run.WorkFolder;
+
+  const std::string templateName = GetSetting(SettingsApplication, kSection, "DefaultTemplateFile", "");
+  run.RefreshingTemplateList = true;
+  RefreshTemplateList(templateName);
+  run.RefreshingTemplateList = false;
+
+  // A filter entry of its own goes in front of the standard ones.
+  for (auto [key, target] : {std::pair{"DefaultInputFileExtension", &run.DefaultInputFileExtension},
+                             std::pair{"DefaultOutputFileExtension", &run.DefaultOutputFileExtension}}) {
+    std::string extension = GetSetting(SettingsApplication, kSection, key, "");
+    if (!extension.empty() && extension.back() != '|') extension += '|';
+    *target = extension;
+  }
+
+  run.DefaultStandListFile = ToUpper(GetSetting(SettingsApplication, kSection, "DefaultStandListFile", ""));
+  run.DefaultLocationFile = ToUpper(GetSetting(SettingsApplication, kSection, "DefaultLocationFile", ""));
+  lblSlfFile.SetCaption("");
+  lblLocationsFile.SetCaption("");
+}
+
+void frmTemplate::SetUpFileDialogs() {
+  const RunState& run = Run();
+  frmMain& main = MainForm();
+  const auto setUp = [](FileDialogRequest& dialog, const std::string& folder, int flags, int context,
+                            const std::string& filter, const std::string& title) {
+    dialog.initialFolder = folder;
+    dialog.flags |= flags;
+    dialog.helpContext = context;
+    dialog.filter = filter;
+    dialog.filterIndex = 1;
+    dialog.fileName.clear();
+    dialog.title = std::string(ApplicationTitle) + " - " + title;
+    dialog.save = (flags & kCreatePrompt) != 0;
+  };
+  setUp(main.cmnInputFileDialog, run.DefaultInputFileDirectory, kInputDialogFlags, 10,
+        run.DefaultInputFileExtension + run.InputFileFilter, "Select Input File");
+  setUp(main.cmnOutputFileDialog, run.DefaultOutputFileDirectory, kOutputDialogFlags, 20,
+        run.DefaultOutputFileExtension + run.OutputFileFilter, "Select Output File");
+  setUp(main.cmnSlfFileDialog, lblWorkingDirectory.Caption, kOutputDialogFlags, 140,
+        "Stand Level Files (*.slf)|*.slf |All Files (*.*)|*.*", "Select Stand List File");
+  setUp(main.cmnLocationFileDialog, lblWorkingDirectory.Caption, kOutputDialogFlags, 180,
+        "Location (*.loc) | *.loc |All Files (*.*) | *.*", "Select Location File");
+}
+
+void frmTemplate::UpdateGroupEnabling() {
+  const bool translate = chkTranslateFile.Checked();
+  for (Control* control : std::initializer_list<Control*>{
+           &fraTranslateFile, &chkNoInput, &cmdChangeInput, &cmdChangeOutput, &cmdDeleteTemplate, &cmbTemplate,
+           &Label2, &lblInputFile1, &lblOutputFile1, &lblTemplateFile1, &lblInputFile, &lblOutputFile})
+    control->Enabled = translate;
+  const bool edit = chkEditStandListFile.Checked();
+  for (Control* control : std::initializer_list<Control*>{
+           &fraEditStandListFile, &cmdSelectSlf, &cmdSelectLocations, &Label1, &Label3, &lblWorkingDirectory,
+           &lblStandListFile1, &lblLocationFile1, &lblSlfFile, &lblLocationsFile})
+    control->Enabled = edit;
+}
+
+void frmTemplate::UpdateNextButtons() {
+  const RunState& run = Run();
+  const bool translate = chkTranslateFile.Checked();
+  const bool edit = chkEditStandListFile.Checked();
+  const bool marker = lblInputFile.Caption == NoInputFileMarker;
+  const bool noFinish = marker || cmbTemplate.ListIndex == 0;
+  const bool filesReady = (marker || run.InputFileValid) && run.OutputFileValid;
+  const bool standFilesReady = run.StandListFileValid && run.LocationFileValid;
+  bool next = false;
+  bool nextTrans = false;
+  bool finish = false;
+  if (translate && edit) {
+    if (filesReady && standFilesReady) {
+      next = nextTrans = true;
+      finish = !noFinish;
+    }
+  } else if (translate) {
+    if (filesReady) {
+      nextTrans = true;
+      finish = !noFinish;
+    }
+  } else if (edit) {
+    next = standFilesReady;
+  }
+  cmdNext.Enabled = next;
+  cmdNextTrans.Enabled = nextTrans;
+  cmdFinish.Enabled = finish;
+}
+
+void frmTemplate::lblInputFile_Change() {
+  RunState& run = Run();
+  try {
+    run.InputPreviewLoaded = false;
+    const std::string& caption = lblInputFile.Caption;
+    if (caption.empty()) {
+      run.InputFileValid = false;
+    } else if (caption == lblOutputFile.Caption) {
+      ShowMessage("Input and output cannot be the same file.");
+      lblInputFile.SetCaption("");
+    } else if (caption != NoInputFileMarker) {
+      TestOpenForInput(caption);
+      run.InputFileValid = true;
+      lblInputFile.Red = false;
+    }
+    App().UnloadColumns();
+    App().UnloadHeaders();
+    UpdateNextButtons();
+  } catch (const std::exception&) {
+    run.InputFileValid = false;
+    lblInputFile.Red = true;
+    ShowMessage("Can't open input file.");
+    UpdateNextButtons();
+  }
+}
+
+void frmTemplate::lblOutputFile_Change() {
+  RunState& run = Run();
+  try {
+    const std::string& caption = lblOutputFile.Caption;
+    if (caption.empty()) {
+      run.OutputFileValid = false;
+    } else if (caption == lblInputFile.Caption) {
+      ShowMessage("Input and output cannot be the same file.");
+      lblOutputFile.SetCaption("");
+    } else {
+      // The output may not exist yet: any name is taken here.
+      run.OutputFileValid = true;
+      lblOutputFile.Red = false;
+    }
+    App().UnloadColumns();
+    App().UnloadHeaders();
+    UpdateNextButtons();
+  } catch (const std::exception&) {
+    run.OutputFileValid = false;
+    lblOutputFile.Red = true;
+    ShowMessage("Can't open output file.");
+    UpdateNextButtons();
+  }
+}
+
+void frmTemplate::lblSlfFile_Change() {
+  RunState& run = Run();
+  try {
+    const std::string& caption = lblSlfFile.Caption;
+    if (caption.empty()) {
+      run.StandListFileValid = false;
+    } else if (caption == lblLocationsFile.Caption) {
+      ShowMessage("Stand List File and Location File cannot be the same.");
+      // The caption is emptied through the screen's controls by the name
+      // "lblStandListFile", which is not a control of this screen: the
+      // lookup fails, and the caption keeps its text and turns red.
+      Raise(730, "frmTemplate", "Control 'lblStandListFile' not found");
+    } else {
+      run.StandListFileValid = true;
+      lblSlfFile.Red = false;
+    }
+    // frmSlf, the stand list editor, is unloaded here once it is part of the
+    // program; until then nothing holds a stale stand list.
+    UpdateNextButtons();
+  } catch (const std::exception&) {
+    run.StandListFileValid = false;
+    lblSlfFile.Red = true;
+    ShowMessage("Can't open Stand List File.");
+    UpdateNextButtons();
+  }
+}
+
+void frmTemplate::lblLocationsFile_Change() {
+  RunState& run = Run();
+  try {
+    const std::string& caption = lblLocationsFile.Caption;
+    if (caption.empty()) {
+      run.LocationFileValid = false;
+    } else if (caption == lblSlfFile.Caption) {
+      ShowMessage("Stand List File and Location File cannot be the same.");
+      lblLocationsFile.SetCaption("");
+    } else {
+      run.LocationFileValid = true;
+      lblLocationsFile.Red = false;
+    }
+    // frmLocation, the location editor, is unloaded here once it is part of
+    // the program.
+    UpdateNextButtons();
+  } catch (const std::exception&) {
+    run.LocationFileValid = false;
+    lblLocationsFile.Red = true;
+    ShowMessage("Can't open location file.");
+    UpdateNextButtons();
+  }
+}
+
+void frmTemplate::cmbTemplate_Click() {
+  RunEvent([this] {
+    RunState& run = Run();
+    if (cmbTemplate.ListIndex >= 1) {
+      cmdDeleteTemplate.Enabled = true;
+      run.UseTemplate = true;
+      run.TemplateFilePath = run.WorkFolder + cmbTemplate.Text + kTemplateExtension;
+    } else {
+      cmdDeleteTemplate.Enabled = false;
+      run.UseTemplate = false;
+      run.TemplateFilePath.clear();
+    }
+    if (!run.RefreshingTemplateList) {
+      App().UnloadColumns();
+      App().UnloadHeaders();
+    }
+    UpdateNextButtons();
+  });
+}
+
+void frmTemplate::RefreshTemplateList(const std::string& name) {
+  cmbTemplate.Clear();
+  cmbTemplate.AddItem("None");
+  for (const std::string& file : TemplateFileNames(Run().WorkFolder)) cmbTemplate.AddItem(file.substr(0, file.find('.')));
+  if (name.empty()) {
+    cmbTemplate.Select(0);
+    cmbTemplate_Click();
+    Run().UseTemplate = false;
+    return;
+  }
+  for (int i = 1; i < cmbTemplate.ListCount(); ++i) {
+    if (cmbTemplate.Items[static_cast<std::size_t>(i)] == name) {
+      cmbTemplate.Select(i);
+      cmbTemplate_Click();
+      return;
+    }
+  }
+  ShowMessage("Invalid Template Name specified: " + name);
+  cmbTemplate.Select(0);
+  cmbTemplate_Click();
+}
+
+void frmTemplate::chkTranslateFile_Click() {
+  RunEvent([this] {
+    UpdateGroupEnabling();
+    UpdateNextButtons();
+  });
+}
+
+void frmTemplate::chkEditStandListFile_Click() {
+  RunEvent([this] {
+    UpdateGroupEnabling();
+    UpdateNextButtons();
+  });
+}
+
+void frmTemplate::chkNoInput_Click() {
+  RunEvent([this] { lblInputFile.SetCaption(chkNoInput.Checked() ? NoInputFileMarker : ""); });
+}
+
+void frmTemplate::cmdHelp_Click() {
+  RunEvent([this] { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); });
+}
+
+void frmTemplate::cmdQuit_Click() {
+  RunEvent([] { ConfirmQuit(); });
+}
+
+void frmTemplate::CloseRequested() {
+  RunEvent([] { ConfirmQuit(); });
+}
+
+}  // namespace corvalin

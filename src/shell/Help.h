@@ -1,0 +1,34 @@
+// Help: the HTML help file, opened in the user's browser at the topic of a
+// help context, and the append question of an existing output file.
+#pragma once
+
+#include <string>
+
+namespace corvalin {
+
+// The help file's name, under the installation's Help folder.
+inline constexpr const char* HelpFileName = "Orvanta.html";
+
+// The help commands of ShowHelp.
+inline constexpr int HelpDisplayTopic = 0;
+inline constexpr int HelpDisplayContents = 1;
+inline constexpr int HelpDisplayIndex = 2;
+inline constexpr int HelpDisplaySearch = 3;
+inline constexpr int HelpContext = 4;
+
+// The topic (anchor) of the help page for a context number: "context-7".
+std::string HelpTopicOfContext(int context);
+
+// Opens the help file: 0 its first topic, 1 its contents, 2 its index, 3 its
+// search topic, 4 the topic of the context (its contents when the context is
+// 0). Any other command does nothing and gives false. True when the help
+// could be shown.
+bool ShowHelp(int command, const std::string& helpFile, int context);
+
+// frmAppendOverwriteCancel: asks what to do with an existing output file and
+// sets AppendCancelled and AppendToOutput by the answer. Closing the window
+// counts as Cancel; Cancel leaves AppendToOutput as it was.
+inline constexpr const char* AppendQuestionText = "File already exists.  Append to file, overwrite, or cancel?";
+void AskAppendOverwriteCancel();
+
+}  // namespace corvalin
