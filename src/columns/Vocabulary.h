@@ -14,8 +14,8 @@ namespace corvalin {
 inline constexpr const char* UnassignedColumn = "? column";
 inline constexpr const char* UnassignedUnits = "? units";
 
-// The number of table columns c1..c30 a heading can stand over.
-inline constexpr int kMaxColumns = 30;
+// The grid has a heading over each of the table columns c1..c30.
+inline constexpr int kHeadingColumns = 30;
 
 // cmbHeaderChoices, in the order the list shows them.
 const std::vector<std::string>& HeaderChoices();

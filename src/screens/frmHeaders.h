@@ -1,11 +1,17 @@
 // frmHeaders: the grid screen. Its controller holds the grid's state (the
 // headings of columns 0 to 30 and Excluded, visibility, selection, current
-// row), the check boxes, the variant and the measurement system.
+// row), the check boxes, the variant and the measurement system, the two
+// assign lists and the pick lists. A view draws this state and calls the
+// events; everything here also runs with no window at all, as in an
+// unattended run, which calls Form_Activate itself after the load.
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
@@ -13,28 +19,153 @@
 
 namespace corvalin {
 
+class frmTemplateName;
+class frmDamageSeverity;
+
 // The data source that binds a row set to the grid.
 struct DataControl {
   std::shared_ptr<corvalin::Recordset> Recordset;
 };
 
+// The colours the cell rule gives (0xBBGGRR).
+inline constexpr int kCellColourNone = 0;
+inline constexpr int kCellColourExcluded = 65535;  // pure yellow
+inline constexpr int kCellColourInvalid = 255;     // pure red
+
+// The two caption texts of cmdNext.
+inline constexpr const char* NextCaptionToStandList = "Next >>";
+inline constexpr const char* NextCaptionDone = "Done";
+
 class frmHeaders : public Screen {
  public:
+  frmHeaders();
+  ~frmHeaders() override;
   const char* Name() const override { return "frmHeaders"; }
 
+  void Form_Load() override;
+  void Form_Activate() override;
+
+  // --- the grid, TDBGrid1 ---
   // Grid column 0 is LineNum, 1..30 are c1..c30, 31 is Excluded.
   static constexpr int kExcludedColumn = 31;
   std::array<std::string, 32> ColumnCaption{};
   std::array<bool, 32> ColumnVisible{};
+  // The per-cell colour callback of each column (FetchStyle).
+  std::array<bool, 32> ColumnFetchStyle{};
+  // The drop-down button of each column's cells.
+  std::array<bool, 32> ColumnButton{};
+  // The selected range of columns; -1 for none.
+  int SelStartCol = -1;
+  int SelEndCol = -1;
+  // The leftmost visible column and how many columns the view shows.
+  int LeftCol = 0;
+  int VisibleColumnCount = 8;
+  // The selected rows, by bookmark of the bound row set.
+  std::vector<Recordset::Bookmark> SelBookmarks;
+  // The current row, counted from the first row shown.
+  int Row = 0;
+  // How often the grid was asked to repaint (a view listens to GridChanged).
+  int RefreshCount = 0;
+  std::function<void()> GridChanged;
+  void RefreshGrid();
 
   DataControl Adodc1;
-  ListControl cmbVariant;
-  OptionButton optMetric;
-  OptionButton optImperial;
+
+  // --- controls ---
+  Label lblInputFile;
   CheckBox chkShowExcludedRows;
   CheckBox chkShowAllColumns;
   CheckBox chkAutoValidate;
+  ListControl cmbHeaderChoices;
+  ListControl cmbUnitChoices;
+  ListControl cmbVariant;
+  OptionButton optMetric;
+  OptionButton optImperial;
+  Button cmdSaveTemplate;
+  Button cmdEditTemplateCommands;
+  Button cmdValidate;
+  Button cmdFinish;
   Button cmdNext;
+  Button cmdBack;
+  Button cmdQuit;
+  Button cmdHelp;
+  ListControl lstSpecies;
+  ListControl lstTreeHistory;
+  ListControl lstCrownRatio;
+  ListControl lstTreeValueClass;
+  ListControl lstCutLeavePrescription;
+  ListControl lstPlotHabitat;
+  ListControl lstPlotTopographicalPosition;
+  ListControl lstPlotSitePreparation;
+
+  // --- variables of the screen ---
+  // The grid column the two assign lists show; -1 when none is selected.
+  int16_t CurrentColumn = -1;
+  // The grid column whose drop-down button was last pressed.
+  int16_t ButtonColumn = 0;
+  // The screen's own copy of the template path, taken at load.
+  std::string TemplateFile;
+
+  // --- operations ---
+  void InitLists();
+  void LoadOptions();
+  void LoadColumnHeadings();
+  void ApplyColumnVisibility();
+  void ApplyFetchStyle();
+  void RebindGrid();
+  void SetSpeciesList();
+  void FillUnitChoices();
+  bool IsUnitsOfMeasurementSystem(const std::string& units) const;
+  bool HasPickList(int column) const;
+  void SetColumnButton(int column);
+  void SyncAssignControls();
+  void SelectGridColumn(int column);
+  void SelectGridRow(Recordset::Bookmark bookmark);
+  // The colour of a cell about to be painted: none, yellow for an excluded
+  // row, red for a value its column's rule refuses.
+  int CellColour(int column, Recordset::Bookmark bookmark) const;
+  // The lowest and highest LineNum of the selected rows.
+  void SelectedLineSpan(int16_t& first, int16_t& last) const;
+  // The assign lists' selection as a view changes it; each runs its click.
+  void SelectHeaderChoice(int index);
+  void SelectUnitChoice(int index);
+  void SelectVariant(int index);
+
+  // --- events ---
+  void cmbHeaderChoices_Click();
+  void cmbUnitChoices_Click();
+  void cmbVariant_Click();
+  void optMetric_Click();
+  void optImperial_Click();
+  void chkAutoValidate_Click();
+  void chkShowAllColumns_Click();
+  void chkShowExcludedRows_Click();
+  void cmdValidate_Click();
+  void cmdFinish_Click();
+  void cmdNext_Click();
+  void cmdBack_Click();
+  void cmdSaveTemplate_Click();
+  void mnuExcludeRows_Click();
+  void mnuIncludeRows_Click();
+
+  // The save step of a template, also run by the command editor.
+  void SaveTemplate();
+
+  // Shows frmTemplateName modally: a view runs the dialog until the person
+  // presses OK or Cancel; a test sets its text and presses a button. With no
+  // one to ask (nothing set) the dialog ends as cancelled.
+  std::function<void(frmTemplateName&)> ShowTemplateNameDialog;
+  // Shows frmDamageSeverity modally, likewise.
+  std::function<void(frmDamageSeverity&)> ShowDamageSeverityDialog;
+  // Opens the damage/severity dialog over the current row's cell of
+  // ButtonColumn, preloaded from the cell's text.
+  void OpenDamageSeverityDialog(const std::string& cellText);
+
+ private:
+  std::string ReadFormatInfo(const std::string& key, const std::string& def) const;
+  void SetCheck(CheckBox& box, int value, void (frmHeaders::*click)());
+  void SetMeasurementSystem(bool metric);
+  void BindRecords(std::shared_ptr<Recordset> records);
 };
 
 }  // namespace corvalin

@@ -1,0 +1,264 @@
+#include "columns/ValidateTable.h"
+
+#include <array>
+#include <string>
+
+#include "columns/CellRules.h"
+#include "columns/DamageSeverity.h"
+#include "columns/SpeciesCodes.h"
+#include "columns/Vocabulary.h"
+#include "screens/frmHeaders.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/RunState.h"
+#include "shell/Text.h"
+#include "shell/Toolkit.h"
+
+namespace corvalin {
+
+namespace {
+
+// A fault: the message, one breath for the screen, and the run ends false.
+bool Fault(const std::string& text) {
+  ShowMessage(text);
+  UI().DoEvents();
+  return false;
+}
+
+struct LengthType {
+  const char* type;
+  int16_t RunState::*column;
+  std::string RunState::*units;
+  const char* mustSpecify;
+  const char* invalid;
+};
+
+// The height increment's bad unit reports the diameter increment's words:
+// users and their scripts know this message as it stands.
+constexpr std::array<LengthType, 5> kLengthTypes = {{
+    {"DBH", &RunState::ColDbh, &RunState::UnitsDbh, "Must specify units for DBH column.",
+     "Invalid units for DBH column."},
+    {"Periodic DBH Inc.", &RunState::ColDbhInc, &RunState::UnitsDbhInc,
+     "Must specify units for Periodic DBH Inc. column.", "Invalid units for Periodic DBH Inc. column."},
+    {"Total Height", &RunState::ColTotalHeight, &RunState::UnitsTotalHeight,
+     "Must specify units for Total Height column.", "Invalid units for Total Height column."},
+    {"Height to Topkill", &RunState::ColTopkillHeight, &RunState::UnitsTopkillHeight,
+     "Must specify units for Height to Topkill column.", "Invalid units for Height to Topkill column."},
+    {"Periodic Height Inc.", &RunState::ColHeightInc, &RunState::UnitsHeightInc,
+     "Must specify units for Periodic Height Inc. column.", "Invalid units for Periodic DBH Inc. column."},
+}};
+
+struct IndexOnlyType {
+  const char* type;
+  int16_t RunState::*column;
+};
+
+constexpr std::array<IndexOnlyType, 14> kIndexOnlyTypes = {{
+    {"Plot ID", &RunState::ColPlotId},
+    {"Tree ID", &RunState::ColTreeId},
+    {"Tree Count", &RunState::ColTreeCount},
+    {"Tree History", &RunState::ColTreeHistory},
+    {"Species", &RunState::ColSpecies},
+    {"Damage/Severity - 1", &RunState::ColDamage1},
+    {"Damage/Severity - 2", &RunState::ColDamage2},
+    {"Damage/Severity - 3", &RunState::ColDamage3},
+    {"Tree Value Class", &RunState::ColTreeValue},
+    {"Cut/Leave Prescription", &RunState::ColPrescription},
+    {"Plot Aspect", &RunState::ColPlotAspect},
+    {"Plot US Habitat Type", &RunState::ColHabitatType},
+    {"Plot Topographic Position", &RunState::ColTopoPosition},
+    {"Plot Site Preparation", &RunState::ColSitePreparation},
+}};
+
+constexpr std::array<int16_t RunState::*, 21> kAllIndexes = {
+    &RunState::ColPlotId,       &RunState::ColTreeId,         &RunState::ColTreeCount,
+    &RunState::ColTreeHistory,  &RunState::ColSpecies,        &RunState::ColDbh,
+    &RunState::ColDbhInc,       &RunState::ColTotalHeight,    &RunState::ColTopkillHeight,
+    &RunState::ColHeightInc,    &RunState::ColCrownRatio,     &RunState::ColDamage1,
+    &RunState::ColDamage2,      &RunState::ColDamage3,        &RunState::ColTreeValue,
+    &RunState::ColPrescription, &RunState::ColPlotSlope,      &RunState::ColPlotAspect,
+    &RunState::ColHabitatType,  &RunState::ColTopoPosition,   &RunState::ColSitePreparation,
+};
+
+// The column pass for one heading: false after a reported fault.
+bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, const std::string& units) {
+  RunState& run = Run();
+  if (type == UnassignedColumn) return true;
+  for (const IndexOnlyType& t : kIndexOnlyTypes) {
+    if (type != t.type) continue;
+    run.*t.column = i;
+    return true;
+  }
+  for (const LengthType& t : kLengthTypes) {
+    if (type != t.type) continue;
+    run.*t.column = i;
+    if (units == UnassignedUnits) {
+      headers.SelectGridColumn(i);
+      return Fault(t.mustSpecify);
+    }
+    if (units == "degrees" || units == "%" || units == "codes") {
+      headers.SelectGridColumn(i);
+      return Fault(t.invalid);
+    }
+    if (!headers.IsUnitsOfMeasurementSystem(units)) {
+      headers.SelectGridColumn(i);
+      return Fault("Incorrect units (metric/imperial).");
+    }
+    run.*t.units = units;
+    return true;
+  }
+  if (type == "Crown Ratio") {
+    run.ColCrownRatio = i;
+    if (units == UnassignedUnits) {
+      headers.SelectGridColumn(i);
+      return Fault("Must specify units for Crown Ratio column.");
+    }
+    if (units != "codes" && units != "%") {
+      headers.SelectGridColumn(i);
+      return Fault("Invalid units for Crown Ratio column.");
+    }
+    run.UnitsCrownRatio = units;
+    return true;
+  }
+  if (type == "Plot Slope") {
+    run.ColPlotSlope = i;
+    if (units == UnassignedUnits) {
+      headers.SelectGridColumn(i);
+      return Fault("Must specify units for Plot Slope column.");
+    }
+    if (units != "degrees" && units != "%") {
+      headers.SelectGridColumn(i);
+      return Fault("Invalid units for Plot Slope column.");
+    }
+    run.UnitsPlotSlope = units;
+    return true;
+  }
+  return Fault("ERROR - unknown column type.");
+}
+
+// The cell checks of one row taking part, in their fixed order.
+bool CheckRow(frmHeaders& headers, Recordset& rows) {
+  const RunState& run = Run();
+  const auto cell = [&](int16_t column) { return rows.Text("c" + std::to_string(column)); };
+  const auto faultAtRow = [&](const char* text) {
+    headers.SelectGridRow(rows.GetBookmark());
+    return Fault(text);
+  };
+  struct DecimalCheck {
+    int16_t RunState::*column;
+    const char* message;
+  };
+
+  if (run.ColPlotId != -1 && TrimBlanks(cell(run.ColPlotId)).empty()) return faultAtRow("Invalid Plot Id.");
+  // The next three leave the selection where it is.
+  if (run.ColTreeId != -1 && TrimBlanks(cell(run.ColTreeId)).empty()) return Fault("Invalid Tree Id.");
+  if (run.ColTreeCount != -1) {
+    const std::string count = TrimBlanks(cell(run.ColTreeCount));
+    if (count == "0" || count.empty()) return Fault("Tree Count is required.");
+    if (!IsDecimalText(count)) return Fault("Invalid Tree Count.");
+  }
+  if (run.ColTreeHistory != -1 && !IsValidTreeHistory(cell(run.ColTreeHistory)))
+    return faultAtRow("Invalid Tree History Code.");
+  if (run.ColSpecies != -1) {
+    // A copy: the mapped "BC" code is not written back to the table.
+    std::string species = cell(run.ColSpecies);
+    if (!IsValidSpecies(species, headers.cmbVariant.Text)) return faultAtRow("Invalid Species Code.");
+  }
+  if (run.ColDbh != -1) {
+    const std::string dbh = cell(run.ColDbh);
+    if (TrimBlanks(dbh).empty()) return faultAtRow("DBH value is required.");
+    if (!IsDecimalText(dbh)) return faultAtRow("Invalid DBH value.");
+  }
+  for (const DecimalCheck& check : {DecimalCheck{&RunState::ColDbhInc, "Invalid Periodic DBH Inc. value."},
+                                    DecimalCheck{&RunState::ColTotalHeight, "Invalid Total Height value."},
+                                    DecimalCheck{&RunState::ColTopkillHeight, "Invalid Height to Topkill value."},
+                                    DecimalCheck{&RunState::ColHeightInc, "Invalid Periodic Height Inc. value."}}) {
+    const int16_t column = run.*check.column;
+    if (column != -1 && !IsDecimalText(cell(column))) return faultAtRow(check.message);
+  }
+  if (run.ColCrownRatio != -1 && !IsValidCrownRatio(cell(run.ColCrownRatio)))
+    return faultAtRow("Invalid Crown Ratio Code.");
+  if (run.ColDamage1 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage1)))
+    return faultAtRow("Invalid Damage Severity Pair - 1.");
+  if (run.ColDamage2 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage2)))
+    return faultAtRow("Invalid Damage Severity Pair - 2.");
+  if (run.ColDamage3 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage3)))
+    return faultAtRow("Invalid Damage Severity Pair - 3.");
+  if (run.ColTreeValue != -1 && !IsValidTreeValue(cell(run.ColTreeValue)))
+    return faultAtRow("Invalid Tree Value Code.");
+  if (run.ColPrescription != -1 && !IsValidPrescription(cell(run.ColPrescription)))
+    return faultAtRow("Invalid Cut or Leave Prescription Code.");
+  if (run.ColPlotSlope != -1 && !IsDecimalText(cell(run.ColPlotSlope)))
+    return faultAtRow("Invalid Plot Slope value.");
+  if (run.ColPlotAspect != -1 && !IsDecimalText(cell(run.ColPlotAspect)))
+    return faultAtRow("Invalid Plot Aspect value.");
+  if (run.ColHabitatType != -1 && !IsValidHabitatType(cell(run.ColHabitatType)))
+    return faultAtRow("Invalid Plot US Habitat Type value.");
+  if (run.ColTopoPosition != -1 && !IsValidTopoPosition(cell(run.ColTopoPosition)))
+    return faultAtRow("Invalid Plot Topographical Code.");
+  if (run.ColSitePreparation != -1 && !IsValidSitePreparation(cell(run.ColSitePreparation)))
+    return faultAtRow("Invalid Plot Site Preparation Code.");
+  return true;
+}
+
+}  // namespace
+
+bool ValidateTable(frmHeaders& headers) {
+  RunState& run = Run();
+  // The units are not reset: they keep their last value until overwritten.
+  for (int16_t RunState::*index : kAllIndexes) run.*index = -1;
+
+  // Headings that are still the plain field names: the screen was loaded but
+  // never shown, and there is nothing to check against.
+  if (headers.ColumnCaption[1].find('\r') == std::string::npos) {
+    UI().DoEvents();
+    return false;
+  }
+
+  const int16_t columnCount = run.ColumnCount;
+  for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
+    std::string type, units;
+    SplitHeading(headers.ColumnCaption.at(static_cast<std::size_t>(i)), type, units);
+    if (type != UnassignedColumn) {
+      for (int16_t j = Inc16(i); j <= columnCount; j = Inc16(j)) {
+        std::string otherType, otherUnits;
+        SplitHeading(headers.ColumnCaption.at(static_cast<std::size_t>(j)), otherType, otherUnits);
+        if (otherType == type) {
+          headers.SelectGridColumn(i);
+          return Fault("Duplicate columns.");
+        }
+      }
+    }
+    if (!CheckAssignment(headers, i, type, units)) return false;
+  }
+
+  if (run.ColPlotId == -1) return Fault("Plot ID column is required.");
+  if (run.ColTreeId == -1) return Fault("Tree ID column is required.");
+  if (run.ColTreeCount == -1) return Fault("Tree Count column is required.");
+  if (run.ColSpecies == -1) return Fault("Species column is required.");
+  if (run.ColDbh == -1) return Fault("DBH column is required.");
+
+  if (!headers.Adodc1.Recordset) Raise(91, "Corvalin", "Object variable or With block variable not set");
+  auto rows = headers.Adodc1.Recordset->Clone();
+  std::array<bool, 31> columnAssigned{};
+  for (int16_t i = 1; i <= columnCount; i = Inc16(i))
+    columnAssigned.at(static_cast<std::size_t>(i)) = HeadingIsAssigned(headers.ColumnCaption.at(static_cast<std::size_t>(i)));
+  rows->MoveFirst();
+  while (!rows->IsEOF()) {
+    bool rowHasData = false;
+    for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
+      if (!columnAssigned[static_cast<std::size_t>(i)]) continue;
+      // Null counts as empty; blanks count as data.
+      const auto value = rows->Value("c" + std::to_string(i));
+      if (value && !value->empty()) rowHasData = true;
+    }
+    if (rowHasData && rows->TextOrEmpty("Excluded") == "N") {
+      if (!CheckRow(headers, *rows)) return false;
+    }
+    rows->MoveNext();
+  }
+  UI().DoEvents();
+  return true;
+}
+
+}  // namespace corvalin

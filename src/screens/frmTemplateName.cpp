@@ -1,0 +1,106 @@
+#include "screens/frmTemplateName.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <vector>
+
+#include "shell/Failure.h"
+#include "shell/RunState.h"
+#include "shell/Text.h"
+#include "shell/Toolkit.h"
+#include "templates/TemplateFile.h"
+
+namespace corvalin {
+
+namespace {
+
+// The templates of the Work folder, as the file list of frmTemplate shows
+// them: "*.cnv" names in name order, each up to its first ".".
+std::vector<std::string> ExistingTemplateNames() {
+  std::vector<std::string> files;
+  std::error_code ec;
+  for (std::filesystem::directory_iterator it(Run().WorkFolder, ec), end; !ec && it != end; it.increment(ec)) {
+    const std::string name = it->path().filename().string();
+    if (name.size() >= 4 && EqualsNoCase(name.substr(name.size() - 4), TemplateExtension)) files.push_back(name);
+  }
+  std::sort(files.begin(), files.end(), [](const std::string& a, const std::string& b) {
+    return ToLower(a) < ToLower(b);
+  });
+  for (std::string& file : files) file = file.substr(0, file.find('.'));
+  return files;
+}
+
+bool IsReservedDeviceName(const std::string& name) {
+  static constexpr std::array<const char*, 9> kReserved = {"prn",  "lpt1", "lpt2", "lpt3", "lpt4",
+                                                           "com1", "com2", "com3", "com4"};
+  return std::any_of(kReserved.begin(), kReserved.end(), [&](const char* r) { return name == r; });
+}
+
+bool IsNameCharacter(unsigned char c) {
+  return (c >= 48 && c <= 57) || (c >= 65 && c <= 90) || c == 95 || (c >= 97 && c <= 122);
+}
+
+}  // namespace
+
+void frmTemplateName::Form_Load() {
+  RunEvent([&] {
+    Run().CurrentScreen = "templateName";
+    Caption = std::string(ApplicationTitle) + " - Save Template As...";
+    Label1.Caption = "Template Name:";
+    Run().TemplateSaved = false;
+    for (const std::string& name : ExistingTemplateNames()) cmbTemplateName.AddItem(name);
+  });
+}
+
+void frmTemplateName::cmbTemplateName_Change() {
+  if (cmbTemplateName.Text.size() > kMaxTemplateNameLength) cmbTemplateName.Text.resize(kMaxTemplateNameLength);
+}
+
+void frmTemplateName::SetText(const std::string& text) {
+  cmbTemplateName.Text = text;
+  cmbTemplateName_Change();
+}
+
+void frmTemplateName::cmdOk_Click() {
+  RunEvent([&] {
+    std::string& name = cmbTemplateName.Text;
+    name = ToLower(name);
+    cmbTemplateName_Change();
+    if (name.size() > kMaxTemplateNameLength) {
+      ShowMessage("Template name must be 8 characters or less");
+      return;
+    }
+    if (IsReservedDeviceName(name)) {
+      ShowMessage("Invalid name - reserved by system.");
+      return;
+    }
+    for (unsigned char c : name) {
+      if (!IsNameCharacter(c)) {
+        ShowMessage("Template name may contain only alpha-numeric or underscore characters.");
+        return;
+      }
+    }
+    for (const std::string& existing : cmbTemplateName.Items) {
+      if (name != existing) continue;
+      const Answer answer =
+          UI().Message({"Save over existing template?", Buttons::YesNo, Icon::Question, "", 1});
+      if (answer == Answer::No) return;
+    }
+    Run().TemplateSaved = true;
+    Hide();
+  });
+}
+
+void frmTemplateName::cmdCancel_Click() {
+  Run().TemplateSaved = false;
+  Hide();
+}
+
+void frmTemplateName::Form_QueryUnload(int unloadMode) {
+  if (unloadMode == 1) return;
+  Run().TemplateSaved = false;
+  Hide();
+}
+
+}  // namespace corvalin

@@ -1,0 +1,150 @@
+#include "templates/TemplateCommands.h"
+
+#include <string>
+
+#include "screens/Application.h"
+#include "screens/frmHeaders.h"
+#include "shell/Error.h"
+#include "shell/RunState.h"
+#include "shell/Toolkit.h"
+
+namespace corvalin {
+
+namespace {
+
+TemplateCommandState gCommands;
+
+// The row set behind the grid; a grid that was never bound has none, and the
+// first clone fails as an unset object does.
+std::shared_ptr<Recordset> CloneOfGridRecords() {
+  const std::shared_ptr<Recordset>& rows = App().Headers().Adodc1.Recordset;
+  if (!rows) Raise(91, "Corvalin", "Object variable or With block variable not set");
+  return rows->Clone();
+}
+
+// The busy pointer around a walk, except in an unattended run.
+class BusyPointer {
+ public:
+  BusyPointer() {
+    if (!Run().CommandLineMode) UI().SetBusyPointer(true);
+  }
+  void Done() {
+    if (!Run().CommandLineMode) UI().SetBusyPointer(false);
+  }
+};
+
+std::string FieldOf(int16_t column) { return "c" + std::to_string(column); }
+
+// Marks the current row excluded when it still takes part; counts it then.
+void ExcludeCurrentRow(Recordset& rows) {
+  const auto excluded = rows.Value("Excluded");
+  if (excluded && *excluded == "N") {
+    rows.SetValue("Excluded", "Y");
+    rows.Update();
+    Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
+  }
+}
+
+void RefreshGrid() {
+  if (App().HeadersLoaded()) App().Headers().RefreshGrid();
+}
+
+}  // namespace
+
+TemplateCommandState& Commands() { return gCommands; }
+void ResetCommands() { gCommands = TemplateCommandState{}; }
+
+TemplateCommand& TemplateCommandAt(int16_t k) {
+  if (k < 1 || k > kMaxTemplateCommands) Raise(err::SubscriptOutOfRange);
+  return gCommands.TemplateCommands[static_cast<std::size_t>(k - 1)];
+}
+
+void ApplyReplaceAll(int16_t& index) {
+  BusyPointer busy;
+  const TemplateCommand& command = TemplateCommandAt(index);
+  auto rows = CloneOfGridRecords();
+  Commands().CommandHitCount = 0;
+  const std::string field = FieldOf(command.ColumnNumber);
+  rows->MoveFirst();
+  while (!rows->IsEOF()) {
+    // Whole cells only: "12" does not touch "123". A Null cell is no match.
+    const auto value = rows->Value(field);
+    if (value && *value == command.FindString) {
+      rows->SetValue(field, command.ReplacementString);
+      rows->Update();
+      Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
+    }
+    rows->MoveNext();
+  }
+  RefreshGrid();
+  busy.Done();
+}
+
+void ApplyExcludeContaining(int16_t& index) {
+  BusyPointer busy;
+  const TemplateCommand& command = TemplateCommandAt(index);
+  auto rows = CloneOfGridRecords();
+  Commands().CommandHitCount = 0;
+  const std::string field = FieldOf(command.ColumnNumber);
+  rows->MoveFirst();
+  while (!rows->IsEOF()) {
+    // Despite its name the command compares the whole cell, as templates
+    // saved so far expect.
+    const auto value = rows->Value(field);
+    if (value && *value == command.DeleteString) ExcludeCurrentRow(*rows);
+    rows->MoveNext();
+  }
+  busy.Done();
+}
+
+void ApplyExcludeStartingWith(int16_t& index) {
+  BusyPointer busy;
+  const TemplateCommand& command = TemplateCommandAt(index);
+  auto rows = CloneOfGridRecords();
+  Commands().CommandHitCount = 0;
+  const std::string field = FieldOf(command.ColumnNumber);
+  rows->MoveFirst();
+  while (!rows->IsEOF() && !rows->IsBOF()) {
+    // A Null cell cannot be cut: the invalid use of Null (94) goes to the caller.
+    const std::string value = rows->Text(field);
+    if (value.compare(0, command.DeleteString.size(), command.DeleteString) == 0) ExcludeCurrentRow(*rows);
+    rows->MoveNext();
+  }
+  busy.Done();
+}
+
+void ApplyExcludeRange(int16_t& index) {
+  BusyPointer busy;
+  const TemplateCommand& command = TemplateCommandAt(index);
+  auto rows = CloneOfGridRecords();
+  Commands().CommandHitCount = 0;
+  rows->MoveFirst();
+  while (!rows->IsEOF()) {
+    // LineNum is the input line, so a range stays right when rows are hidden.
+    const auto line = rows->Value("LineNum");
+    if (line) {
+      const long number = std::stol(*line);
+      if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(*rows);
+    }
+    rows->MoveNext();
+  }
+  busy.Done();
+}
+
+void ReplayTemplateCommands() {
+  for (int16_t k = 1; k <= Commands().CommandCount; k = Inc16(k)) {
+    const std::string& type = TemplateCommandAt(k).CommandType;
+    int16_t index = k;
+    if (type == "REPLACE_ALL") {
+      ApplyReplaceAll(index);
+    } else if (type == "EXCLUDE_CONTAINING") {
+      ApplyExcludeContaining(index);
+    } else if (type == "EXCLUDE_STARTING_WITH") {
+      ApplyExcludeStartingWith(index);
+    } else if (type == "EXCLUDE_RANGE") {
+      ApplyExcludeRange(index);
+    }
+  }
+}
+
+}  // namespace corvalin
