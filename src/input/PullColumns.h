@@ -1,0 +1,61 @@
+// The splitter: one line of the input file cut into cells by the column
+// format. The preview of frmColumns and the load of the working table both cut
+// with it, so what the user sees is what is loaded. It works on one string at
+// a time and touches no file.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "input/ColumnFormat.h"
+
+namespace corvalin {
+
+// The cells of one line: slots past Count hold the empty string.
+struct ParsedLine {
+  std::array<std::string, kMaxColumns> Columns{};  // entry 0 is column 1
+  int16_t Count = 0;
+
+  // Column n, 1 to 30; any other n is the subscript error (9).
+  const std::string& Column(int n) const;
+};
+
+// The cutting rules of one format, prepared once and used for many lines.
+class LineSplitter {
+ public:
+  explicit LineSplitter(const ColumnFormat& format);
+
+  // True when ch is one of the delimiters, compared without regard to case:
+  // with "x" among the other characters, "X" cuts too.
+  bool IsDelimiter(char ch) const { return delimiter_[static_cast<unsigned char>(ch)]; }
+
+  // Cuts line into out, reusing out's storage. Raises the overflow error (6)
+  // for a delimited line too long to count its positions, and the invalid
+  // argument error (5) for fixed width markers out of order.
+  void Split(std::string_view line, ParsedLine& out) const;
+
+ private:
+  void PlainSplit(std::string_view line, ParsedLine& out) const;
+  void QualifierSplit(std::string_view line, ParsedLine& out) const;
+  void FixedSplit(std::string_view line, ParsedLine& out) const;
+
+  ColumnFormat format_;
+  char qualifier_ = 0;
+  bool qualified_ = false;
+  std::array<bool, 256> delimiter_{};
+};
+
+// ch occurs in delimiters, without regard to case.
+bool IsDelimiter(const std::string& delimiters, char ch);
+
+// The cells of a line. lineIndex -1: the line is lineText; any other value:
+// the line is entry lineIndex of the input preview, lineText being ignored.
+ParsedLine PullColumns(const ColumnFormat& format, int16_t lineIndex, std::string_view lineText);
+
+// A cell on its way to the working table: spaces (only spaces) trimmed from
+// both ends, then cut to its first 100 characters.
+std::string_view CleanCell(std::string_view cell);
+
+}  // namespace corvalin

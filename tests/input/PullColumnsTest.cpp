@@ -1,0 +1,426 @@
+// The splitter in its three modes, the delimiter test and the cell clean-up.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "TestSupport.h"
+#include "input/ColumnFormat.h"
+#include "input/PullColumns.h"
+#include "shell/Error.h"
+#include "shell/RunState.h"
+
+namespace corvalin {
+namespace {
+
+ColumnFormat Plain(const std::string& delimiters = ",", bool consecutive = false) {
+  ColumnFormat format;
+  format.ColumnDelimiters = delimiters;
+  format.ConsecutiveAsOne = consecutive;
+  format.TextQualifier = QualifierNone;
+  return format;
+}
+
+ColumnFormat Qualified(const std::string& qualifier = QualifierDoubleQuote, const std::string& delimiters = ",",
+                       bool consecutive = false) {
+  ColumnFormat format = Plain(delimiters, consecutive);
+  format.TextQualifier = qualifier;
+  return format;
+}
+
+ColumnFormat Fixed(const std::vector<int16_t>& markers) {
+  ColumnFormat format;
+  format.FixedWidth = true;
+  format.Markers.NumMarkers = static_cast<int16_t>(markers.size());
+  for (std::size_t k = 0; k < markers.size(); ++k) format.Markers.Positions[k] = markers[k];
+  return format;
+}
+
+// The first Count cells of a line.
+std::vector<std::string> Cells(const ColumnFormat& format, const std::string& line) {
+  ParsedLine parsed = PullColumns(format, -1, line);
+  return std::vector<std::string>(parsed.Columns.begin(), parsed.Columns.begin() + parsed.Count);
+}
+
+using Row = std::vector<std::string>;
+
+std::string Commas(int n) {
+  std::string line;
+  for (int k = 1; k <= n; ++k) line += "v" + std::to_string(k) + ",";
+  return line + "end";
+}
+
+// --- plain split ---
+
+TEST(PlainSplit, TrailingCommaKeepsAnEmptyLastCell) {
+  EXPECT_EQ(Cells(Plain(), "a,b,"), (Row{"a", "b", ""}));
+}
+
+TEST(PlainSplit, LeadingRunWithConsecutiveAsOneMakesOneEmptyCell) {
+  EXPECT_EQ(Cells(Plain(",", true), ",,a,,b"), (Row{"", "a", "b"}));
+}
+
+TEST(PlainSplit, WithoutConsecutiveAsOneEveryDelimiterMakesACell) {
+  EXPECT_EQ(Cells(Plain(), ",,a,,b"), (Row{"", "", "a", "", "b"}));
+}
+
+TEST(PlainSplit, EmptyLineGivesOneEmptyCell) {
+  ParsedLine parsed = PullColumns(Plain(), -1, "");
+  EXPECT_EQ(parsed.Count, 1);
+  for (const auto& cell : parsed.Columns) EXPECT_EQ(cell, "");
+  EXPECT_EQ(parsed.Columns.size(), 30u);
+}
+
+TEST(PlainSplit, QualifierCharacterIsLiteral) {
+  EXPECT_EQ(Cells(Plain(), "\"a,b\",c"), (Row{"\"a", "b\"", "c"}));
+}
+
+TEST(PlainSplit, FortyCommasLeaveTheRestOfTheLineInColumnThirty) {
+  const std::string line = Commas(40);
+  ParsedLine parsed = PullColumns(Plain(), -1, line);
+  ASSERT_EQ(parsed.Count, 30);
+  EXPECT_EQ(parsed.Column(1), "v1");
+  EXPECT_EQ(parsed.Column(29), "v29");
+  EXPECT_EQ(parsed.Column(30), "v30,v31,v32,v33,v34,v35,v36,v37,v38,v39,v40,end");
+}
+
+TEST(PlainSplit, TwentyNinthSeparatorAtTheEndLeavesColumnThirtyEmpty) {
+  std::string line;
+  for (int k = 1; k <= 29; ++k) line += "x" + std::to_string(k) + ",";
+  ParsedLine parsed = PullColumns(Plain(), -1, line);
+  ASSERT_EQ(parsed.Count, 30);
+  EXPECT_EQ(parsed.Column(29), "x29");
+  EXPECT_EQ(parsed.Column(30), "");
+}
+
+TEST(PlainSplit, NoDelimiterChosenKeepsTheWholeLineInOneCell) {
+  EXPECT_EQ(Cells(Plain(""), "a,b;c d\te"), (Row{"a,b;c d\te"}));
+}
+
+TEST(PlainSplit, CellsAreNotTrimmed) {
+  EXPECT_EQ(Cells(Plain(), " a , b "), (Row{" a ", " b "}));
+}
+
+TEST(PlainSplit, EveryChosenDelimiterCuts) {
+  EXPECT_EQ(Cells(Plain("\t; "), "a\tb;c d"), (Row{"a", "b", "c", "d"}));
+}
+
+TEST(PlainSplit, OtherCharacterCutsInEitherCase) {
+  EXPECT_EQ(Cells(Plain("x"), "1x2X3"), (Row{"1", "2", "3"}));
+}
+
+TEST(PlainSplit, SlotsPastTheCountAreEmptyEvenWhenReused) {
+  LineSplitter splitter(Plain());
+  ParsedLine parsed;
+  splitter.Split("a,b,c,d,e", parsed);
+  splitter.Split("z", parsed);
+  EXPECT_EQ(parsed.Count, 1);
+  EXPECT_EQ(parsed.Column(1), "z");
+  EXPECT_EQ(parsed.Column(2), "");
+  EXPECT_EQ(parsed.Column(5), "");
+}
+
+TEST(PlainSplit, DelimitedLineOf32767CharactersOverflows) {
+  const std::string line(32767, 'a');
+  try {
+    PullColumns(Plain(), -1, line);
+    FAIL() << "no overflow";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 6);
+    EXPECT_EQ(error.description(), "Overflow");
+  }
+}
+
+TEST(PlainSplit, DelimitedLineOf32766CharactersIsCut) {
+  std::string line(32766, 'a');
+  line[3] = ',';
+  ParsedLine parsed = PullColumns(Plain(), -1, line);
+  EXPECT_EQ(parsed.Count, 2);
+  EXPECT_EQ(parsed.Column(1), "aaa");
+  EXPECT_EQ(parsed.Column(2).size(), 32762u);
+}
+
+// --- qualifier split ---
+
+TEST(QualifierSplit, TrailingCommaMakesNoTrailingCell) {
+  EXPECT_EQ(Cells(Qualified(), "a,b,"), (Row{"a", "b"}));
+}
+
+TEST(QualifierSplit, LeadingRunWithConsecutiveAsOneMakesNoCell) {
+  EXPECT_EQ(Cells(Qualified(QualifierDoubleQuote, ",", true), ",,a,,b"), (Row{"a", "b"}));
+}
+
+TEST(QualifierSplit, WithoutConsecutiveAsOneADelimiterAtCellStartMakesAnEmptyCell) {
+  EXPECT_EQ(Cells(Qualified(), ",,a,,b"), (Row{"", "", "a", "", "b"}));
+}
+
+TEST(QualifierSplit, EmptyLineGivesNoCell) {
+  ParsedLine parsed = PullColumns(Qualified(), -1, "");
+  EXPECT_EQ(parsed.Count, 0);
+  for (const auto& cell : parsed.Columns) EXPECT_EQ(cell, "");
+}
+
+TEST(QualifierSplit, DelimiterInsideQuotesStaysInTheCell) {
+  EXPECT_EQ(Cells(Qualified(), "\"a,b\",c"), (Row{"a,b", "c"}));
+}
+
+TEST(QualifierSplit, DoubledQualifierStandsForOne) {
+  EXPECT_EQ(Cells(Qualified(), "\"a\"\"b\""), (Row{"a\"b"}));
+}
+
+TEST(QualifierSplit, TextAfterTheClosingQualifierJoinsTheCell) {
+  EXPECT_EQ(Cells(Qualified(), "\"ab\"cd,e"), (Row{"abcd", "e"}));
+}
+
+TEST(QualifierSplit, LeadingSpaceKeepsBothQuotes) {
+  EXPECT_EQ(Cells(Qualified(), " \"ab\",c"), (Row{" \"ab\"", "c"}));
+}
+
+TEST(QualifierSplit, UnclosedQualifierKeepsTheText) {
+  EXPECT_EQ(Cells(Qualified(), "\"ab"), (Row{"ab"}));
+}
+
+TEST(QualifierSplit, QualifierInsideAnUnqualifiedCellIsLiteral) {
+  EXPECT_EQ(Cells(Qualified(), "ab\"c,d"), (Row{"ab\"c", "d"}));
+}
+
+TEST(QualifierSplit, SingleQuoteQualifierLeavesDoubleQuotesAlone) {
+  EXPECT_EQ(Cells(Qualified(QualifierSingleQuote), "'a,b',\"c,d\""), (Row{"a,b", "\"c", "d\""}));
+}
+
+TEST(QualifierSplit, FortyCommasLeaveTheRawRestInColumnThirty) {
+  std::string line;
+  for (int k = 1; k <= 29; ++k) line += "v" + std::to_string(k) + ",";
+  line += "\"q,r\",\"s\"\"t\",end";
+  ParsedLine parsed = PullColumns(Qualified(), -1, line);
+  ASSERT_EQ(parsed.Count, 30);
+  EXPECT_EQ(parsed.Column(29), "v29");
+  EXPECT_EQ(parsed.Column(30), "\"q,r\",\"s\"\"t\",end");
+}
+
+TEST(QualifierSplit, TwentyNinthSeparatorAtTheEndMakesNoThirtiethCell) {
+  std::string line;
+  for (int k = 1; k <= 29; ++k) line += "x" + std::to_string(k) + ",";
+  ParsedLine parsed = PullColumns(Qualified(), -1, line);
+  EXPECT_EQ(parsed.Count, 29);
+  EXPECT_EQ(parsed.Column(29), "x29");
+  EXPECT_EQ(parsed.Column(30), "");
+}
+
+TEST(QualifierSplit, NoDelimiterChosenKeepsTheWholeLineInOneCell) {
+  EXPECT_EQ(Cells(Qualified(QualifierDoubleQuote, ""), "\"a\",b c"), (Row{"a,b c"}));
+}
+
+TEST(QualifierSplit, DelimiterOfTheOtherCaseInsideQuotesStaysText) {
+  // "x" as delimiter cuts at "X" too, but not inside the quotes.
+  EXPECT_EQ(Cells(Qualified(QualifierDoubleQuote, "x"), "\"aXb\"X1"), (Row{"aXb", "1"}));
+}
+
+// --- fixed split ---
+
+TEST(FixedSplit, MarkersCutAtTheirPositions) {
+  EXPECT_EQ(Cells(Fixed({3, 5, 9}), "abcdefghijkl"), (Row{"abc", "de", "fghi", "jkl"}));
+}
+
+TEST(FixedSplit, NoMarkerGivesAnEmptyFirstCellAndTheWholeLine) {
+  EXPECT_EQ(Cells(Fixed({}), "abc def"), (Row{"", "abc def"}));
+}
+
+TEST(FixedSplit, OneMarkerGivesTwoCells) {
+  EXPECT_EQ(Cells(Fixed({4}), "abc def"), (Row{"abc ", "def"}));
+}
+
+TEST(FixedSplit, StalePositionOfMarkerOneCutsWithoutMarkers) {
+  ColumnFormat format = Fixed({});
+  format.Markers.Positions[0] = 2;
+  EXPECT_EQ(Cells(format, "abcdef"), (Row{"ab", "cdef"}));
+}
+
+TEST(FixedSplit, EmptyLineGivesMarkerCountPlusOneEmptyCells) {
+  ParsedLine parsed = PullColumns(Fixed({2, 4, 6}), -1, "");
+  EXPECT_EQ(parsed.Count, 4);
+  for (const auto& cell : parsed.Columns) EXPECT_EQ(cell, "");
+  EXPECT_EQ(PullColumns(Fixed({}), -1, "").Count, 2);
+}
+
+TEST(FixedSplit, MarkerPastTheEndOfAShortLineGivesEmptyCells) {
+  ParsedLine parsed = PullColumns(Fixed({2, 10, 20}), -1, "abcde");
+  EXPECT_EQ(parsed.Count, 4);
+  EXPECT_EQ(parsed.Column(1), "ab");
+  EXPECT_EQ(parsed.Column(2), "cde");
+  EXPECT_EQ(parsed.Column(3), "");
+  EXPECT_EQ(parsed.Column(4), "");
+}
+
+TEST(FixedSplit, UnsortedMarkersAreAnInvalidArgument) {
+  try {
+    PullColumns(Fixed({5, 2}), -1, "abcdefgh");
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 5);
+    EXPECT_EQ(error.description(), "Invalid procedure call or argument");
+  }
+}
+
+TEST(FixedSplit, TwentyNineMarkersGiveThirtyCells) {
+  std::vector<int16_t> markers;
+  for (int16_t k = 1; k <= 29; ++k) markers.push_back(k);
+  ParsedLine parsed = PullColumns(Fixed(markers), -1, "abcdefghijklmnopqrstuvwxyz0123456789");
+  ASSERT_EQ(parsed.Count, 30);
+  EXPECT_EQ(parsed.Column(1), "a");
+  EXPECT_EQ(parsed.Column(29), "2");
+  EXPECT_EQ(parsed.Column(30), "3456789");
+}
+
+TEST(FixedSplit, TabsAndCommasAreOrdinaryCharacters) {
+  EXPECT_EQ(Cells(Fixed({2}), "a\t,b"), (Row{"a\t", ",b"}));
+}
+
+TEST(FixedSplit, LongLineDoesNotOverflow) {
+  const std::string line(40000, 'z');
+  ParsedLine parsed = PullColumns(Fixed({3}), -1, line);
+  EXPECT_EQ(parsed.Column(2).size(), 39997u);
+}
+
+// --- markers ---
+
+TEST(ColumnMarkers, SortPutsTheMarkersInAscendingOrder) {
+  ColumnMarkerList markers;
+  markers.NumMarkers = 4;
+  markers.Positions = {};
+  markers.Positions[0] = 9;
+  markers.Positions[1] = 3;
+  markers.Positions[2] = 12;
+  markers.Positions[3] = 1;
+  markers.Positions[4] = 7;  // past NumMarkers: left where it is
+  markers.Sort();
+  EXPECT_EQ(markers.ColumnMarkers(1), 1);
+  EXPECT_EQ(markers.ColumnMarkers(2), 3);
+  EXPECT_EQ(markers.ColumnMarkers(3), 9);
+  EXPECT_EQ(markers.ColumnMarkers(4), 12);
+  EXPECT_EQ(markers.ColumnMarkers(5), 7);
+}
+
+TEST(ColumnMarkers, MarkerThirtyIsOutOfRange) {
+  ColumnMarkerList markers;
+  try {
+    markers.ColumnMarkers(30) = 1;
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 9);
+  }
+}
+
+// --- delimiters ---
+
+TEST(BuildColumnDelimiters, OrderIsTabSemicolonCommaSpaceOther) {
+  EXPECT_EQ(ComposeColumnDelimiters(true, true, true, true, true, "|x"), "\t;, |x");
+  EXPECT_EQ(ComposeColumnDelimiters(true, true, true, false, false, "|"), "\t;,");
+  EXPECT_EQ(ComposeColumnDelimiters(false, false, false, false, false, "|"), "");
+  EXPECT_EQ(ComposeColumnDelimiters(false, false, false, false, true, ""), "");
+}
+
+TEST(IsDelimiter, ComparesWithoutRegardToCase) {
+  EXPECT_TRUE(IsDelimiter("x", 'X'));
+  EXPECT_TRUE(IsDelimiter("Q", 'q'));
+  EXPECT_TRUE(IsDelimiter("\xE9", '\xC9'));  // e acute and E acute
+  EXPECT_FALSE(IsDelimiter("x", 'y'));
+  EXPECT_FALSE(IsDelimiter(",", ';'));
+}
+
+TEST(IsDelimiter, EmptyDelimitersAreNeverMatched) {
+  EXPECT_FALSE(IsDelimiter("", ','));
+  EXPECT_FALSE(IsDelimiter("", '\0'));
+}
+
+TEST(IsDelimiter, SplitterAgreesWithTheTextTest) {
+  LineSplitter splitter(Plain("aZ;\xE0"));
+  for (int c = 0; c < 256; ++c)
+    EXPECT_EQ(splitter.IsDelimiter(static_cast<char>(c)), IsDelimiter("aZ;\xE0", static_cast<char>(c))) << c;
+}
+
+// --- cell clean-up ---
+
+TEST(CleanCell, TrimsSpacesButNotTabs) {
+  EXPECT_EQ(CleanCell("  ab c  "), "ab c");
+  EXPECT_EQ(CleanCell("\t ab \t"), "\t ab \t");
+  EXPECT_EQ(CleanCell("   "), "");
+}
+
+TEST(CleanCell, CellOf150CharactersKeepsItsFirst100AfterTrimming) {
+  std::string cell(20, ' ');
+  for (int k = 0; k < 150; ++k) cell += static_cast<char>('a' + k % 26);
+  std::string expected;
+  for (int k = 0; k < 100; ++k) expected += static_cast<char>('a' + k % 26);
+  EXPECT_EQ(CleanCell(cell), expected);
+}
+
+// --- the preview as a source of lines ---
+
+class PreviewLines : public testing::FreshProcess {};
+
+TEST_F(PreviewLines, IndexTakesTheLineFromThePreviewAndIgnoresTheText) {
+  Run().InputPreview = {"a,b", "c,d,e"};
+  Run().InputPreviewCount = 2;
+  Run().InputPreviewLoaded = true;
+  ParsedLine parsed = PullColumns(Plain(), 2, "ignored,text");
+  EXPECT_EQ(parsed.Count, 3);
+  EXPECT_EQ(parsed.Column(1), "c");
+  EXPECT_EQ(parsed.Column(3), "e");
+}
+
+TEST_F(PreviewLines, IndexPastTheCountFailsTheAssertion) {
+  Run().InputPreview = {"a,b"};
+  Run().InputPreviewCount = 1;
+  EXPECT_THROW(PullColumns(Plain(), 2, ""), ProcessEnded);
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Assertion failure!"}));
+}
+
+// --- the real survey file ---
+
+class SurveyFile : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string text = testing::ReadFile(testing::SharedDataDir() / "lolo-2022" / "tree.csv");
+    std::size_t start = 0;
+    while (start < text.size()) {
+      std::size_t end = text.find_first_of("\r\n", start);
+      if (end == std::string::npos) end = text.size();
+      lines.push_back(text.substr(start, end - start));
+      start = end + ((text.compare(end, 2, "\r\n") == 0) ? 2 : 1);
+    }
+  }
+  std::vector<std::string> lines;
+};
+
+TEST_F(SurveyFile, HasTheExpectedLines) {
+  ASSERT_EQ(lines.size(), 911u);
+  EXPECT_EQ(lines[0], "PLT_CN,SUBP,TREE,STATUSCD,SPCD,DIA,HT,ACTUALHT,CCLCD,TPA_UNADJ");
+}
+
+TEST_F(SurveyFile, PlainSplitCutsHeaderAndTreesIntoTenCells) {
+  EXPECT_EQ(Cells(Plain(), lines[0]),
+            (Row{"PLT_CN", "SUBP", "TREE", "STATUSCD", "SPCD", "DIA", "HT", "ACTUALHT", "CCLCD", "TPA_UNADJ"}));
+  EXPECT_EQ(Cells(Plain(), lines[1]), (Row{"670951075126144", "1", "1", "2", "108.0", "", "", "", "", ""}));
+  EXPECT_EQ(Cells(Plain(), lines[2]),
+            (Row{"670951075126144", "1", "2", "1", "108.0", "1.0", "9", "9", "3", "74.965282"}));
+  for (const auto& line : lines) EXPECT_EQ(PullColumns(Plain(), -1, line).Count, 10) << line;
+}
+
+TEST_F(SurveyFile, QualifierSplitDropsTheEmptyTrailingCells) {
+  // The second line ends in a run of commas: the qualifier split makes no cell
+  // for the delimiter that ends the line.
+  EXPECT_EQ(Cells(Qualified(), lines[1]), (Row{"670951075126144", "1", "1", "2", "108.0", "", "", "", ""}));
+  EXPECT_EQ(Cells(Qualified(), lines[2]),
+            (Row{"670951075126144", "1", "2", "1", "108.0", "1.0", "9", "9", "3", "74.965282"}));
+  EXPECT_EQ(Cells(Qualified(QualifierDoubleQuote, ",", true), lines[1]),
+            (Row{"670951075126144", "1", "1", "2", "108.0"}));
+}
+
+TEST_F(SurveyFile, FixedSplitCutsThePlotNumberAndTheRest) {
+  EXPECT_EQ(Cells(Fixed({15, 17, 19}), lines[2]), (Row{"670951075126144", ",1", ",2", ",1,108.0,1.0,9,9,3,74.965282"}));
+  EXPECT_EQ(Cells(Fixed({6, 11}), lines[0]), (Row{"PLT_CN", ",SUBP", ",TREE,STATUSCD,SPCD,DIA,HT,ACTUALHT,CCLCD,TPA_UNADJ"}));
+}
+
+}  // namespace
+}  // namespace corvalin
