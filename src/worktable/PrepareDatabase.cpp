@@ -1,0 +1,173 @@
+#include "worktable/PrepareDatabase.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "input/PullColumns.h"
+#include "screens/Application.h"
+#include "screens/frmColumns.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
+#include "shell/Busy.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/RunState.h"
+#include "shell/Toolkit.h"
+#include "templates/TemplateCommands.h"
+#include "worktable/clsDBEngine.h"
+#include "worktable/InputLines.h"
+
+namespace corvalin {
+
+namespace {
+
+constexpr const char* kBusyTitle = "Working:  Please wait...";
+constexpr const char* kBusyText = "Pulling columns from line: ";
+
+// One row of tft, in the table's column order. The cells are bound as they
+// are: a bound text needs no doubled quotes, and stores what a quoted literal
+// would have stored.
+constexpr const char* kInsertRow =
+    "INSERT INTO tft (LineNum,c1,c2,c3,c4,c5,c6,c7,c8,c9,c10,c11,c12,c13,c14,c15,c16,c17,c18,c19,c20,"
+    "c21,c22,c23,c24,c25,c26,c27,c28,c29,c30,Excluded) VALUES "
+    "(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)";
+constexpr int kExcludedParameter = kMaxColumns + 2;
+
+// A failure of the file system as the run-time error it stands for.
+[[noreturn]] void RaiseFileError(const std::error_code& code, const std::string& source) {
+  switch (code.value()) {
+    case ENOENT: Raise(err::FileNotFound, source);
+    case EACCES:
+    case EPERM:
+    case EROFS: Raise(err::PermissionDenied, source);
+    case ENOSPC: Raise(err::DiskFull, source);
+    default: Raise(err::PathFileAccess, source);
+  }
+}
+
+// A fresh TFT.mdb: a copy of the pristine empty database, made writable.
+void CopyEmptyDatabase() {
+  namespace fs = std::filesystem;
+  const fs::path source = Run().InstallFolder + EmptyDatabaseName;
+  const fs::path target = Run().DataFolder + WorkingDatabaseName;
+  std::error_code ec;
+  if (!fs::exists(source, ec)) Raise(err::FileNotFound, "PrepareDatabase");
+  fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
+  if (ec) RaiseFileError(ec, "PrepareDatabase");
+  fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read,
+                  fs::perm_options::replace, ec);
+  if (ec) RaiseFileError(ec, "PrepareDatabase");
+}
+
+// The old working database goes, read-only or not.
+void DeleteWorkingDatabase() {
+  namespace fs = std::filesystem;
+  const std::string path = ResolveFileNameCase(Run().DataFolder + WorkingDatabaseName);
+  std::error_code ec;
+  if (!fs::exists(path, ec)) return;
+  fs::remove(path, ec);
+  if (ec) RaiseFileError(ec, "PrepareDatabase");
+}
+
+// Loads the lines of the input into tft with one prepared insert.
+void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
+  InputLines input(inputPath);
+  const LineSplitter splitter(format);
+  ParsedLine parsed;
+  clsDBEngine& engine = DatabaseEngine();
+  std::unique_ptr<PreparedStatement> insert = engine.Prepare(kInsertRow);
+  std::string busyText = kBusyText;
+  const std::size_t busyTextLength = busyText.size();
+
+  // One transaction for the whole load; what was inserted before a Cancel or
+  // a failure is committed all the same, so those rows stay in the table.
+  engine.StartTrans();
+  try {
+    int16_t lineNumber = 0;
+    std::string_view line;
+    while (!input.AtEnd()) {
+      lineNumber = Inc16(lineNumber);
+      busyText.resize(busyTextLength);
+      busyText += std::to_string(lineNumber);
+      ShowBusy(kBusyTitle, busyText);
+      input.Next(line);
+      splitter.Split(line, parsed);
+      if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
+      insert->BindInt(1, lineNumber);
+      for (int n = 0; n < kMaxColumns; ++n)
+        insert->BindText(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
+      insert->BindText(kExcludedParameter, "N");
+      insert->Run();
+      if (Run().BusyCancelled) break;
+    }
+  } catch (...) {
+    try {
+      engine.CommtTrans();
+    } catch (...) {
+      // The first failure is the one to report.
+    }
+    throw;
+  }
+  engine.CommtTrans();
+}
+
+}  // namespace
+
+void CreateColumnsTable() {
+  frmColumns& columns = App().Columns();
+  if (columns.optFixedWidth.Value) {
+    Markers().Sort();
+    columns.RefreshColumnPreview();
+  }
+  const ColumnFormat format = columns.Format();
+  const std::string inputPath = App().Template().lblInputFile.Caption;
+  if (inputPath != NoInputFileMarker) LoadLines(inputPath, format);
+  HideBusy();
+}
+
+void PrepareDatabase() {
+  RunState& run = Run();
+  try {
+    if (!run.CommandLineMode) UI().SetBusyPointer(true);
+    bool replay = false;
+    run.BusyCancelled = false;
+    if (run.ReloadNeeded) {
+      App().UnloadHeaders();
+      UI().DoEvents();
+      DeleteWorkingDatabase();
+      run.TraceStep = "FileCopy sAppDir emptytft.mdb";
+      CopyEmptyDatabase();
+      run.TraceStep = "OpenDatabase";
+      OpenDatabase();
+      run.TraceStep = "CreateColumnsTable";
+      CreateColumnsTable();
+      run.TraceStep = "Call CloseDatabase";
+      CloseDatabase();
+      run.TraceStep = "Call CloseDatabase-END";
+      if (run.BusyCancelled) {
+        // The rows so far stay; the next Next loads everything again.
+        if (!run.CommandLineMode) UI().SetBusyPointer(false);
+        return;
+      }
+      run.ReloadNeeded = false;
+      replay = true;
+    }
+    run.TraceStep = "Load frmHeaders";
+    App().Headers();
+    run.TraceStep = "Load frmHeaders-END";
+    UI().DoEvents();
+    if (replay) ReplayTemplateCommands();
+    if (!run.CommandLineMode) UI().SetBusyPointer(false);
+  } catch (const std::exception& failure) {
+    const RuntimeError error = AsRuntimeError(failure);
+    ShowMessage("Error preparing database\r\n" + std::to_string(error.number()) + " - '" + error.description() +
+                "'\r\nLine: " + run.TraceStep);
+  }
+}
+
+}  // namespace corvalin
