@@ -1,0 +1,153 @@
+#include "translation/RunTranslation.h"
+
+#include <array>
+#include <string>
+
+#include "screens/Application.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
+#include "shell/Busy.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/Help.h"
+#include "shell/RunState.h"
+#include "shell/Toolkit.h"
+#include "translation/OutputFile.h"
+#include "translation/TreeRecord.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+
+namespace {
+
+enum class RecordForm { Metric, Imperial };
+
+constexpr int kTableColumns = 30;
+constexpr const char* kBusyText = "Translating line:  ";
+
+// A column whose heading does not begin with "?" is identified; the data
+// test of a row looks only at those.
+std::array<bool, kTableColumns + 1> IdentifiedColumns(const RunState& run) {
+  std::array<bool, kTableColumns + 1> identified{};
+  frmHeaders& headers = App().Headers();
+  const int last = run.ColumnCount < kTableColumns ? run.ColumnCount : kTableColumns;
+  for (int i = 1; i <= last; ++i) {
+    const std::string& heading = headers.ColumnCaption[static_cast<std::size_t>(i)];
+    identified[static_cast<std::size_t>(i)] = heading.empty() || heading[0] != '?';
+  }
+  return identified;
+}
+
+// The writers' shared loop: one record per row taking part that has data in
+// an identified column, in table order. Each field is found once per run and
+// read per row by its position in the row set.
+void WriteTreeList(RecordForm form) {
+  ShowBusy(ApplicationTitle, std::string(kBusyText) + "0");
+
+  RunState& run = Run();
+  const RecordSetup setup = form == RecordForm::Metric ? BcRecordSetup(run) : UsRecordSetup(run);
+  Assert(IsLengthUnitName(run.UnitsDbh));
+
+  const std::array<bool, kTableColumns + 1> identified = IdentifiedColumns(run);
+
+  OpenDatabase();
+  // The database comes first: a bad output path leaves it open.
+  OpenOutput(App().Template().lblOutputFile.Caption, run.AppendToOutput);
+
+  Recordset& rows = *TftRecords();
+  // The columns a row is read in: those of the record and the identified ones.
+  std::array<bool, kTableColumns + 1> read = identified;
+  for (int16_t column : {setup.PlotId, setup.TreeId, setup.TreeCount, setup.TreeHistory, setup.Species, setup.Dbh,
+                         setup.DbhInc, setup.TotalHeight, setup.TopkillHeight, setup.HeightInc, setup.CrownRatio,
+                         setup.Damage1, setup.Damage2, setup.Damage3, setup.TreeValue, setup.Prescription,
+                         setup.PlotSlope, setup.PlotAspect, setup.HabitatType, setup.TopoPosition,
+                         setup.SitePreparation}) {
+    if (column == -1) continue;
+    if (column < 1 || column > kTableColumns) Raise(err::SubscriptOutOfRange);
+    read[static_cast<std::size_t>(column)] = true;
+  }
+  std::array<int, kTableColumns + 1> field{};
+  for (int n = 1; n <= kTableColumns; ++n) field[static_cast<std::size_t>(n)] = rows.FieldIndex("c" + std::to_string(n));
+  const int excludedField = rows.FieldIndex("Excluded");
+
+  int16_t linesWritten = 0;
+  RowCells cells{};
+  while (!rows.IsEOF()) {
+    const std::string* excluded = rows.CellAt(excludedField < 0 ? rows.RequireField("Excluded") : excludedField);
+    if (excluded != nullptr && *excluded == "N") {
+      bool hasData = false;
+      for (int n = 1; n <= kTableColumns; ++n) {
+        const auto slot = static_cast<std::size_t>(n);
+        if (!read[slot]) continue;
+        const int index = field[slot] < 0 ? rows.RequireField("c" + std::to_string(n)) : field[slot];
+        const std::string* cell = rows.CellAt(index);
+        cells[slot] = cell != nullptr ? std::string_view(*cell) : std::string_view();
+        if (identified[slot] && cell != nullptr && !cell->empty()) hasData = true;
+      }
+      // The record is made for every row taking part, data or not.
+      const std::string record = form == RecordForm::Metric ? BcRecord(setup, cells) : UsRecord(setup, cells);
+      if (hasData) {
+        WriteOutputLine(record);
+        // The count is 16-bit: record 32,768 is written, then the count overflows.
+        linesWritten = Inc16(linesWritten);
+        ShowBusy(ApplicationTitle, kBusyText + std::to_string(linesWritten));
+      }
+    }
+    rows.MoveNext();
+  }
+
+  CloseDatabase();
+  CloseOutput();
+  HideBusy();
+}
+
+// A failed run leaves file number 1 open; what was written still reaches it.
+void WriteTreeListKeepingWhatWasWritten(RecordForm form) {
+  try {
+    WriteTreeList(form);
+  } catch (...) {
+    FlushOutput();
+    throw;
+  }
+}
+
+}  // namespace
+
+void TranslateBc() { WriteTreeListKeepingWhatWasWritten(RecordForm::Metric); }
+
+void TranslateUs() {
+  try {
+    WriteTreeListKeepingWhatWasWritten(RecordForm::Imperial);
+  } catch (const std::exception& failure) {
+    const RuntimeError error = AsRuntimeError(failure);
+    ShowMessage(std::string("Error translating file.") + "Module = " + Run().CurrentScreen + "\r\n" +
+                std::to_string(error.number()) + ": " + error.description());
+  }
+}
+
+bool RunTranslation() {
+  RunState& run = Run();
+  if (run.CommandLineMode) {
+    run.AppendToOutput = false;
+  } else if (!OutputOpensForInput(App().Template().lblOutputFile.Caption)) {
+    run.AppendToOutput = false;
+  } else {
+    UI().SetBusyPointer(false);
+    AskAppendOverwriteCancel();
+    UI().SetBusyPointer(true);
+    // The busy pointer stays for the caller to reset.
+    if (run.AppendCancelled) return false;
+  }
+
+  // The variant on the screen chooses the record, not the one of the settings.
+  if (App().Headers().cmbVariant.Text == "BC")
+    TranslateBc();
+  else
+    TranslateUs();
+
+  if (!run.CommandLineMode) ShowMessage("Translation completed.");
+  run.TranslationDone = true;
+  return true;
+}
+
+}  // namespace corvalin
