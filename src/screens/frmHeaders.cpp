@@ -22,6 +22,7 @@
 #include "shell/Toolkit.h"
 #include "templates/TemplateCommands.h"
 #include "templates/TemplateFile.h"
+#include "translation/RunTranslation.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -508,6 +509,42 @@ void frmHeaders::cmdValidate_Click() {
   });
 }
 
+void frmHeaders::cmdFinish_Click() {
+  RunEvent([&] {
+    if (!Adodc1.Recordset) RaiseUnboundGrid();
+    if (Adodc1.Recordset->RecordCount() == 0) {
+      ShowMessage("No data to translate.");
+      return;
+    }
+    UI().SetBusyPointer(true);
+    if (ValidateTable(*this)) RunTranslation();
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmHeaders::cmdNext_Click() {
+  RunEvent([&] {
+    if (!Adodc1.Recordset) RaiseUnboundGrid();
+    if (Adodc1.Recordset->RecordCount() == 0) {
+      ShowMessage("No data to translate.");
+      return;
+    }
+    UI().SetBusyPointer(true);
+    // Once translated with nothing touched since, Next leaves at once.
+    const bool ready = Run().TranslationDone || (ValidateTable(*this) && RunTranslation());
+    if (ready) {
+      Screen* next = nullptr;
+      if (App().Template().chkEditStandListFile.Checked() && StandListScreen) next = StandListScreen();
+      if (next == nullptr) next = &App().Template();
+      next->Left = Left;
+      next->Top = Top;
+      next->Show();
+      Hide();
+    }
+    UI().SetBusyPointer(false);
+  });
+}
+
 void frmHeaders::cmdBack_Click() {
   RunEvent([&] {
     UI().SetBusyPointer(true);
@@ -532,7 +569,7 @@ void frmHeaders::mnuExcludeRows_Click() {
     SelectedLineSpan(first, last);
     TemplateCommandState& state = Commands();
     if (state.CommandCount >= kMaxTemplateCommands) {
-      ShowMessage("Maximum of " + std::to_string(kMaxTemplateCommands) + " template commands.");
+      ShowMessage(CommandLimitMessage());
       return;
     }
     state.CommandCount = Inc16(state.CommandCount);
@@ -565,7 +602,7 @@ void frmHeaders::mnuIncludeRows_Click() {
       if (command.StartLine < command.EndLine && command.StartLine <= first && command.EndLine >= last) {
         // The selection lies inside the range: split it in two.
         if (state.CommandCount >= kMaxTemplateCommands) {
-          ShowMessage("Maximum of " + std::to_string(kMaxTemplateCommands) + " template commands.");
+          ShowMessage(CommandLimitMessage());
           continue;
         }
         state.CommandCount = Inc16(state.CommandCount);

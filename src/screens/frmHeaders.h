@@ -157,6 +157,10 @@ class frmHeaders : public Screen {
   std::function<void(frmTemplateName&)> ShowTemplateNameDialog;
   // Shows frmDamageSeverity modally, likewise.
   std::function<void(frmDamageSeverity&)> ShowDamageSeverityDialog;
+  // The stand list screen, the next screen when stand list files are edited
+  // too. Set by whoever owns that screen; without it Next goes back to the
+  // first screen.
+  std::function<Screen*()> StandListScreen;
   // Opens the damage/severity dialog over the current row's cell of
   // ButtonColumn, preloaded from the cell's text.
   void OpenDamageSeverityDialog(const std::string& cellText);

@@ -2,7 +2,10 @@
 
 #include <string>
 
+#include "columns/Vocabulary.h"
 #include "screens/Application.h"
+#include "screens/Controls.h"
+#include "shell/Failure.h"
 #include "screens/frmHeaders.h"
 #include "shell/Error.h"
 #include "shell/RunState.h"
@@ -129,6 +132,39 @@ void ApplyExcludeRange(int16_t& index) {
     rows->MoveNext();
   }
   busy.Done();
+}
+
+std::string CommandLimitMessage() {
+  return "Maximum of " + std::to_string(kMaxTemplateCommands) + " template commands.";
+}
+
+void BuildCommandList(ListControl& list) {
+  list.Clear();
+  std::string line;
+  for (int16_t k = 1; k <= Commands().EditedCommandCount; k = Inc16(k)) {
+    if (k > kMaxTemplateCommands) Raise(err::SubscriptOutOfRange);
+    const TemplateCommand& c = Commands().EditedCommands[static_cast<std::size_t>(k - 1)];
+    const std::string n = std::to_string(c.ColumnNumber);
+    const auto header = [&] {
+      return HeadingType(App().Headers().ColumnCaption.at(static_cast<std::size_t>(c.ColumnNumber)));
+    };
+    const std::string prefix = std::to_string(k) + "/  ";
+    if (c.CommandType == "REPLACE_ALL") {
+      line = prefix + "Replace all \"" + c.FindString + "\" with \"" + c.ReplacementString + "\" in column " + n +
+             " (" + header() + ")";
+    } else if (c.CommandType == "EXCLUDE_CONTAINING") {
+      line = prefix + "Exclude rows with \"" + c.DeleteString + "\" in column " + n + " (" + header() + ")";
+    } else if (c.CommandType == "EXCLUDE_STARTING_WITH") {
+      line = prefix + "Exclude rows starting with \"" + c.DeleteString + "\" in column " + n + " (" + header() + ")";
+    } else if (c.CommandType == "EXCLUDE_RANGE") {
+      line = prefix + "Exclude rows in range \"" + std::to_string(c.StartLine) + "\" to \"" +
+             std::to_string(c.EndLine) + "\"";
+    } else {
+      // The line of the previous command is repeated (empty for the first).
+      ShowMessage("error:  unknown template command type");
+    }
+    list.AddItem(line);
+  }
 }
 
 void ReplayTemplateCommands() {

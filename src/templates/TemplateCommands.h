@@ -8,6 +8,8 @@
 
 namespace corvalin {
 
+struct ListControl;
+
 inline constexpr int16_t kMaxTemplateCommands = 100;
 
 struct TemplateCommand {
@@ -40,6 +42,13 @@ void ApplyReplaceAll(int16_t& index);
 void ApplyExcludeContaining(int16_t& index);
 void ApplyExcludeStartingWith(int16_t& index);
 void ApplyExcludeRange(int16_t& index);
+
+// The limit message of a 101st command.
+std::string CommandLimitMessage();
+
+// Refills a list box with one line per edited command, as the command
+// editor shows them ("1/  Exclude rows in range ...").
+void BuildCommandList(ListControl& list);
 
 // Runs all commands in list order, silently; a kind that is none of the four
 // is skipped. The replay after a fresh load of the working table.
