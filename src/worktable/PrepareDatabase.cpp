@@ -139,6 +139,9 @@ void PrepareDatabase() {
     if (run.ReloadNeeded) {
       App().UnloadHeaders();
       UI().DoEvents();
+      // The grid screen leaves the working database open; the old file can
+      // only be replaced once the engine has let it go.
+      CloseDatabase();
       DeleteWorkingDatabase();
       run.TraceStep = "FileCopy sAppDir emptytft.mdb";
       CopyEmptyDatabase();

@@ -1,0 +1,379 @@
+// Filling the working table: PrepareDatabase and CreateColumnsTable, through
+// frmColumns as the user reaches them.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "TestSupport.h"
+#include "input/ColumnFormat.h"
+#include "screens/Application.h"
+#include "screens/frmColumns.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
+#include "shell/Error.h"
+#include "shell/RunState.h"
+#include "shell/Settings.h"
+#include "templates/TemplateCommands.h"
+#include "worktable/PrepareDatabase.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+namespace {
+
+namespace fs = std::filesystem;
+using Row = std::vector<std::string>;
+
+ino_t InodeOf(const fs::path& path) {
+  struct stat info {};
+  ::stat(path.c_str(), &info);
+  return info.st_ino;
+}
+
+// A pristine empty working database, made from the schema of the source tree.
+void MakeEmptyDatabase(const fs::path& path) {
+  const std::string schema = testing::ReadFile(testing::SourceDir() / "data" / "tft_schema.sql");
+  sqlite3* db = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(db, schema.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(db);
+}
+
+class LoadTable : public testing::FreshProcess {
+ protected:
+  void SetUp() override {
+    FreshProcess::SetUp();
+    ResetMarkers();
+    ResetCommands();
+    fs::create_directories(home / "install");
+    Run().InstallFolder = (home / "install").string() + "/";
+    MakeEmptyDatabase(home / "install" / "EmptyTFT.mdb");
+    Run().ReloadNeeded = true;
+  }
+  void TearDown() override {
+    CloseDatabase();
+    TftRecords().reset();
+    ResetMarkers();
+    ResetCommands();
+    FreshProcess::TearDown();
+  }
+
+  fs::path Database() const { return home / "Data" / "TFT.mdb"; }
+
+  // The input file named on frmTemplate, and frmColumns loaded over it.
+  frmColumns& Input(const std::string& text) {
+    const auto path = home / "trees.csv";
+    testing::WriteFile(path, text);
+    App().Template().lblInputFile.SetCaption(path.string());
+    return App().Columns();
+  }
+
+  // Every row of tft in table order: LineNum, c1..c30, Excluded.
+  std::vector<Row> Rows() const {
+    std::vector<Row> rows;
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(Database().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+      sqlite3_close(db);
+      ADD_FAILURE() << "no working database";
+      return rows;
+    }
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(db, "SELECT * FROM tft ORDER BY rowid", -1, &statement, nullptr);
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+      Row row;
+      for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+        row.push_back(text == nullptr ? "<null>" : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, i))));
+      }
+      rows.push_back(row);
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(db);
+    return rows;
+  }
+
+  long RowCount() const { return static_cast<long>(Rows().size()); }
+
+  void Execute(const std::string& sql) const {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(Database().c_str(), &db), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+  }
+
+  // A row as loaded: line number, the cells given, the rest empty, "N".
+  static Row Expected(int lineNumber, const std::vector<std::string>& cells) {
+    Row row{std::to_string(lineNumber)};
+    for (int n = 0; n < kMaxColumns; ++n)
+      row.push_back(n < static_cast<int>(cells.size()) ? cells[static_cast<std::size_t>(n)] : "");
+    row.push_back("N");
+    return row;
+  }
+
+  static std::string Lines(int count) {
+    std::string text;
+    text.reserve(static_cast<std::size_t>(count) * 8);
+    for (int n = 1; n <= count; ++n) text += std::to_string(n) + ",x\r\n";
+    return text;
+  }
+};
+
+TEST_F(LoadTable, EveryLineBecomesARowWithItsCells) {
+  Input("p1,1,DF,12.5\r\np1,2,WH,8\r\n");
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"p1", "1", "DF", "12.5"}), Expected(2, {"p1", "2", "WH", "8"})}));
+  EXPECT_FALSE(Run().ReloadNeeded);
+  EXPECT_EQ(Run().ColumnCount, 4);
+  EXPECT_TRUE(App().HeadersLoaded());
+  EXPECT_EQ(Run().TraceStep, "Load frmHeaders-END");
+}
+
+TEST_F(LoadTable, EmptyLineGetsARowAndTheNextLineKeepsItsNumber) {
+  Input("a,b\r\n\r\nc,d\r\n");
+  PrepareDatabase();
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a", "b"}), Expected(2, {}), Expected(3, {"c", "d"})}));
+}
+
+TEST_F(LoadTable, LinesEndAtCrCrLfOrLf) {
+  Input("a\rb\nc\r\nd");
+  PrepareDatabase();
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a"}), Expected(2, {"b"}), Expected(3, {"c"}), Expected(4, {"d"})}));
+}
+
+TEST_F(LoadTable, CellWithASingleQuoteIsStoredWithIt) {
+  Input("it's,O'Neil's ''pine''\r\n");
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"it's", "O'Neil's ''pine''"})}));
+}
+
+TEST_F(LoadTable, CellsAreTrimmedOfSpacesAndCutTo100Characters) {
+  std::string longCell;
+  for (int k = 0; k < 150; ++k) longCell += static_cast<char>('a' + k % 26);
+  Input("   padded   ,\ttab\t,     " + longCell + "  \r\n");
+  PrepareDatabase();
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0][1], "padded");
+  EXPECT_EQ(rows[0][2], "\ttab\t");
+  EXPECT_EQ(rows[0][3], longCell.substr(0, 100));
+}
+
+TEST_F(LoadTable, HundredCharactersOfQuotesAreKeptWhole) {
+  const std::string quotes(100, '\'');
+  Input(quotes + "',x\r\n");
+  PrepareDatabase();
+  EXPECT_EQ(Rows().at(0)[1], quotes);
+}
+
+TEST_F(LoadTable, FortyColumnsLeaveTheRestInC30) {
+  std::string line;
+  for (int k = 1; k <= 40; ++k) line += "v" + std::to_string(k) + ",";
+  Input(line + "\r\n");
+  PrepareDatabase();
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0][29], "v29");
+  EXPECT_EQ(rows[0][30], "v30,v31,v32,v33,v34,v35,v36,v37,v38,v39,v40,");
+  EXPECT_EQ(Run().ColumnCount, 30);
+}
+
+TEST_F(LoadTable, BusyWindowNamesEveryLine) {
+  Input("a\r\nb\r\nc\r\n");
+  PrepareDatabase();
+  using Shown = std::vector<std::pair<std::string, std::string>>;
+  EXPECT_EQ(ui.busyWindow, (Shown{{"Working:  Please wait...", "Pulling columns from line: 1"},
+                                  {"Working:  Please wait...", "Pulling columns from line: 2"},
+                                  {"Working:  Please wait...", "Pulling columns from line: 3"}}));
+  EXPECT_EQ(ui.busyHides, 1);
+  EXPECT_FALSE(ui.busyPointer);
+}
+
+TEST_F(LoadTable, UnattendedRunShowsNoBusyWindow) {
+  Input("a\r\nb\r\n");
+  Run().CommandLineMode = true;
+  PrepareDatabase();
+  EXPECT_TRUE(ui.busyWindow.empty());
+  EXPECT_EQ(ui.busyHides, 0);
+  EXPECT_EQ(RowCount(), 2);
+}
+
+TEST_F(LoadTable, FileOf32767LinesLoads) {
+  Input(Lines(32767));
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 32767u);
+  EXPECT_EQ(rows.back(), Expected(32767, {"32767", "x"}));
+}
+
+TEST_F(LoadTable, FileOf32768LinesFailsWithOverflowAndKeepsTheRowsSoFar) {
+  Input(Lines(32768));
+  PrepareDatabase();
+  EXPECT_EQ(ui.Texts(),
+            (std::vector<std::string>{"Error preparing database\r\n6 - 'Overflow'\r\nLine: CreateColumnsTable"}));
+  EXPECT_EQ(RowCount(), 32767);
+  EXPECT_TRUE(Run().ReloadNeeded);
+  EXPECT_TRUE(ui.busyPointer);
+  EXPECT_FALSE(App().HeadersLoaded());
+}
+
+TEST_F(LoadTable, FailureInAnUnattendedRunEndsItWithUntrappedError) {
+  Input("a\r\n");
+  fs::remove(home / "install" / "EmptyTFT.mdb");
+  Run().CommandLineMode = true;
+  EXPECT_THROW(PrepareDatabase(), ProcessEnded);
+  EXPECT_EQ(testing::ReadFile(home / "Work" / "result.txt"), "Untrapped error.\r\n");
+}
+
+TEST_F(LoadTable, MissingEmptyDatabaseNamesTheCopyStep) {
+  Input("a\r\n");
+  fs::remove(home / "install" / "EmptyTFT.mdb");
+  PrepareDatabase();
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{
+                            "Error preparing database\r\n53 - 'File not found'\r\nLine: FileCopy sAppDir emptytft.mdb"}));
+  EXPECT_TRUE(Run().ReloadNeeded);
+}
+
+TEST_F(LoadTable, ReadOnlyOldDatabaseIsReplaced) {
+  Input("a\r\n");
+  testing::WriteFile(Database(), "old");
+  fs::permissions(Database(), fs::perms::owner_read, fs::perm_options::replace);
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a"})}));
+  EXPECT_NE(fs::status(Database()).permissions() & fs::perms::owner_write, fs::perms::none);
+}
+
+TEST_F(LoadTable, FixedWidthMarkersOutOfOrderAreSortedFirst) {
+  SaveSetting(SettingsApplication, "Corvalin", "FixedWidth", "YES");
+  SaveSetting(SettingsApplication, "Corvalin", "NumMarkers", "3");
+  SaveSetting(SettingsApplication, "Corvalin", "FixedMarker1", "7");
+  SaveSetting(SettingsApplication, "Corvalin", "FixedMarker2", "2");
+  SaveSetting(SettingsApplication, "Corvalin", "FixedMarker3", "4");
+  frmColumns& screen = Input("p1DF 12.5 x\r\n");
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"p1", "DF", "12", ".5 x"})}));
+  EXPECT_EQ(Markers().ColumnMarkers(1), 2);
+  EXPECT_EQ(Markers().ColumnMarkers(2), 4);
+  EXPECT_EQ(Markers().ColumnMarkers(3), 7);
+  EXPECT_DOUBLE_EQ(screen.lneColumnMarker[1].X, 7 * 90.0);  // lines stay where the user put them
+}
+
+TEST_F(LoadTable, NoInputFileGivesAnEmptyTableAndReplaysOnNothing) {
+  App().Template().lblInputFile.SetCaption(NoInputFileMarker);
+  App().Columns();
+  Commands().CommandCount = 1;
+  TemplateCommandAt(1) = TemplateCommand{"EXCLUDE_RANGE", "", "", 0, 1, 5, ""};
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_TRUE(fs::exists(Database()));
+  EXPECT_EQ(RowCount(), 0);
+  EXPECT_EQ(Run().ColumnCount, 0);
+  EXPECT_FALSE(Run().ReloadNeeded);
+  EXPECT_TRUE(App().HeadersLoaded());
+  EXPECT_TRUE(ui.busyWindow.empty());
+}
+
+TEST_F(LoadTable, CommandsAreReplayedOnTheFreshTable) {
+  Input("1,a\r\n2,b\r\n3,c\r\n4,d\r\n");
+  Commands().CommandCount = 2;
+  TemplateCommandAt(1) = TemplateCommand{"EXCLUDE_RANGE", "", "", 0, 2, 3, ""};
+  TemplateCommandAt(2) = TemplateCommand{"NO_SUCH_KIND", "", "", 0, 1, 4, ""};
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 4u);
+  EXPECT_EQ(rows[0][31], "N");
+  EXPECT_EQ(rows[1][31], "Y");
+  EXPECT_EQ(rows[2][31], "Y");
+  EXPECT_EQ(rows[3][31], "N");
+}
+
+TEST_F(LoadTable, NextTwiceWithoutChangeLeavesTheTableAndCommandsAlone) {
+  frmColumns& screen = Input("1,a\r\n2,b\r\n3,c\r\n");
+  Commands().CommandCount = 1;
+  TemplateCommandAt(1) = TemplateCommand{"EXCLUDE_RANGE", "", "", 0, 2, 2, ""};
+  screen.cmdNext_Click();
+  ASSERT_TRUE(ui.boxes.empty()) << ui.boxes.front().text;
+  EXPECT_TRUE(App().Headers().Visible());
+  EXPECT_FALSE(screen.Visible());
+  EXPECT_EQ(App().Headers().cmdNext.Caption, "Done");
+  // An edit on the grid, and the row that the command excluded taken back.
+  Execute("UPDATE tft SET Excluded = 'N', c2 = 'edited' WHERE LineNum = 2");
+  const ino_t inode = InodeOf(Database());
+  const auto written = fs::last_write_time(Database());
+  const std::size_t busyLines = ui.busyWindow.size();
+  App().Headers().Hide();
+  screen.Show();
+  screen.cmdNext_Click();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(fs::last_write_time(Database()), written);
+  EXPECT_EQ(InodeOf(Database()), inode);
+  EXPECT_EQ(ui.busyWindow.size(), busyLines);
+  EXPECT_EQ(Rows().at(1), (Expected(2, {"2", "edited"})));
+  EXPECT_TRUE(App().Headers().Visible());
+}
+
+TEST_F(LoadTable, FormatChangeReloadsAndThrowsGridEditsAway) {
+  frmColumns& screen = Input("1,a\r\n2,b\r\n");
+  screen.cmdNext_Click();
+  Execute("UPDATE tft SET c2 = 'edited' WHERE LineNum = 2");
+  App().Headers().Hide();
+  screen.Show();
+  screen.chkSemicolon.Value = 1;
+  screen.chkSemicolon_Click();
+  screen.cmdNext_Click();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"1", "a"}), Expected(2, {"2", "b"})}));
+}
+
+TEST_F(LoadTable, ColumnCountOnlyRises) {
+  frmColumns& screen = Input("a,b,c,d,e\r\n");
+  PrepareDatabase();
+  EXPECT_EQ(Run().ColumnCount, 5);
+  screen.chkComma.Value = 0;
+  screen.chkComma_Click();
+  PrepareDatabase();
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a,b,c,d,e"})}));
+  EXPECT_EQ(Run().ColumnCount, 5);
+}
+
+TEST_F(LoadTable, CancelAfterLineTenKeepsTenRowsAndTheNextLoadStartsOver) {
+  Input(Lines(50));
+  ui.onDoEvents = [&] {
+    if (!ui.busyWindow.empty() && ui.busyWindow.back().second == "Pulling columns from line: 10")
+      Run().BusyCancelled = true;
+  };
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(RowCount(), 10);
+  EXPECT_TRUE(Run().ReloadNeeded);
+  EXPECT_FALSE(App().HeadersLoaded());
+  EXPECT_FALSE(ui.busyPointer);
+  EXPECT_EQ(Run().TraceStep, "Call CloseDatabase-END");
+  ui.onDoEvents = nullptr;
+  PrepareDatabase();
+  EXPECT_EQ(RowCount(), 50);
+  EXPECT_FALSE(Run().ReloadNeeded);
+  EXPECT_FALSE(Run().BusyCancelled);
+}
+
+TEST_F(LoadTable, ReloadWhileTheGridHoldsTheDatabaseOpenReplacesTheFile) {
+  frmColumns& screen = Input("1,a\r\n");
+  screen.cmdNext_Click();
+  ASSERT_TRUE(DatabaseEngine().IsOpen());
+  testing::WriteFile(home / "trees.csv", "1,a\r\n2,b\r\n");
+  Run().ReloadNeeded = true;
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(RowCount(), 2);
+}
+
+}  // namespace
+}  // namespace corvalin
