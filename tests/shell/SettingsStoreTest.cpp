@@ -1,0 +1,84 @@
+// The per-user settings store: one profile file per application under the
+// user's configuration folder.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "TestSupport.h"
+#include "shell/Settings.h"
+
+namespace corvalin {
+namespace {
+
+using testing::FreshProcess;
+using testing::ReadFile;
+using testing::WriteFile;
+
+class SettingsStore : public FreshProcess {
+ protected:
+  std::filesystem::path Ini() const { return home / ".config" / "Orvanta" / "Orvanta.ini"; }
+};
+
+TEST_F(SettingsStore, LivesUnderXdgConfigHome) {
+  EXPECT_EQ(SettingsFilePath("Orvanta"), (home / ".config" / "Orvanta" / "Orvanta.ini").string());
+}
+
+TEST_F(SettingsStore, LivesUnderDotConfigWhenXdgConfigHomeIsUnset) {
+  ::unsetenv("XDG_CONFIG_HOME");
+  EXPECT_EQ(SettingsFilePath("Orvanta"), home.string() + "/.config/Orvanta/Orvanta.ini");
+}
+
+TEST_F(SettingsStore, MissingKeyGivesTheDefault) {
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "Configured", "NO"), "NO");
+  SaveSetting("Orvanta", "Corvalin", "Other", "x");
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "Configured", "NO"), "NO");
+}
+
+TEST_F(SettingsStore, SaveWritesTheSectionAndKeyWithCrLf) {
+  SaveSetting("Orvanta", "Common", "DataDir", "/d/");
+  EXPECT_EQ(ReadFile(Ini()), "[Common]\r\nDataDir=/d/\r\n");
+}
+
+TEST_F(SettingsStore, KeysAndSectionsAreFoundWithoutRegardToCase) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[COMMON]\nworkdir=/w/\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "WorkDir", ""), "/w/");
+}
+
+TEST_F(SettingsStore, ValuesAreTrimmedOfBlanks) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Corvalin]\r\nOrvanVariant =  BC  \r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "OrvanVariant", ""), "BC");
+}
+
+TEST_F(SettingsStore, SavingOneKeyKeepsTheRest) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\nDataDir=/d/\nWorkDir=/w/\n[Corvalin]\nConfigured=NO\n");
+  SaveSetting("Orvanta", "Common", "WorkDir", "/x/");
+  SaveSetting("Orvanta", "Brenwick", "HelpDir", "/h.html");
+  EXPECT_EQ(ReadFile(Ini()),
+            "[Common]\r\nDataDir=/d/\r\nWorkDir=/x/\r\n[Corvalin]\r\nConfigured=NO\r\n[Brenwick]\r\nHelpDir=/h.html\r\n");
+}
+
+TEST_F(SettingsStore, DeleteRemovesOneKeyOnly) {
+  SaveSetting("Orvanta", "Brenwick", "DataDir", "/old/");
+  SaveSetting("Orvanta", "Brenwick", "HelpDir", "/h");
+  DeleteSetting("Orvanta", "Brenwick", "DataDir");
+  EXPECT_EQ(GetSetting("Orvanta", "Brenwick", "DataDir", "gone"), "gone");
+  EXPECT_EQ(GetSetting("Orvanta", "Brenwick", "HelpDir", ""), "/h");
+}
+
+TEST_F(SettingsStore, DeletingAMissingKeyIsNoFailure) {
+  EXPECT_NO_THROW(DeleteSetting("Orvanta", "Brenwick", "DataDir"));
+}
+
+TEST_F(SettingsStore, SectionsOfTheSameKeyAreApart) {
+  SaveSetting("Orvanta", "Common", "DataDir", "/new/");
+  SaveSetting("Orvanta", "Brenwick", "DataDir", "/old/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", ""), "/new/");
+  EXPECT_EQ(GetSetting("Orvanta", "Brenwick", "DataDir", ""), "/old/");
+}
+
+}  // namespace
+}  // namespace corvalin
