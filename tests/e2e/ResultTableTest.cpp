@@ -1,0 +1,255 @@
+// The result file of an unattended run, outcome by outcome, through the
+// built program: what "result.txt" says, what standard error carries, the
+// exit status, and what becomes of the output file.
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "TestSupport.h"
+
+extern char** environ;
+
+namespace corvalin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::BinaryDir;
+using testing::ReadFile;
+using testing::SharedDataDir;
+using testing::SourceDir;
+using testing::WriteFile;
+
+struct ProgramRun {
+  int status = -1;
+  std::string errors;  // what the program wrote to standard error
+};
+
+// Runs the built program with exactly these arguments, its settings under
+// home, no display, and waits for it.
+ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& args) {
+  std::vector<std::string> env;
+  for (char** e = environ; *e != nullptr; ++e) {
+    const std::string entry = *e;
+    if (entry.rfind("DISPLAY=", 0) == 0 || entry.rfind("WAYLAND_DISPLAY=", 0) == 0 || entry.rfind("HOME=", 0) == 0 ||
+        entry.rfind("XDG_CONFIG_HOME=", 0) == 0)
+      continue;
+    env.push_back(entry);
+  }
+  env.push_back("HOME=" + home.string());
+  env.push_back("XDG_CONFIG_HOME=" + (home / ".config").string());
+  const std::string program = (BinaryDir() / "bin/corvalin").string();
+  std::vector<char*> argv{const_cast<char*>(program.c_str())};
+  for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  std::vector<char*> envp;
+  for (auto& e : env) envp.push_back(e.data());
+  envp.push_back(nullptr);
+  const fs::path errorsPath = home / "stderr.txt";
+  const pid_t pid = ::fork();
+  if (pid == 0) {
+    const int in = ::open("/dev/null", O_RDONLY);
+    const int err = ::open(errorsPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    ::dup2(in, 0);
+    ::dup2(err, 2);
+    ::execve(program.c_str(), argv.data(), envp.data());
+    ::_exit(127);
+  }
+  int status = 0;
+  ::waitpid(pid, &status, 0);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(errorsPath)};
+}
+
+// A temporary HOME whose settings name existing Data and Work folders.
+class UnattendedRun : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    static std::mt19937_64 rng{std::random_device{}()};
+    home = fs::temp_directory_path() / ("corvalin-e2e-" + std::to_string(::getpid()) + "-" + std::to_string(rng()));
+    fs::create_directories(home / "Data");
+    fs::create_directories(home / "Work");
+    fs::create_directories(home / ".config/Orvanta");
+    WriteFile(home / ".config/Orvanta/Orvanta.ini", "[Common]\r\nDataDir=" + (home / "Data").string() +
+                                                        "/\r\nWorkDir=" + (home / "Work").string() + "/\r\n");
+  }
+  void TearDown() override {
+    std::error_code ec;
+    fs::remove_all(home, ec);
+  }
+  fs::path home;
+};
+
+
+// A template of five comma-separated columns: Plot ID, Tree ID, Tree Count,
+// Species and DBH in the given units, under the given variant and system.
+std::string FiveColumnTemplate(const std::string& variantLine, const std::string& system, const std::string& dbhUnits,
+                               const std::string& firstHeader = "Plot ID") {
+  std::string t =
+      "[COLUMN_DELIMITERS]\r\nFixedWidth=NO\r\nComma=YES\r\nTab=NO\r\nSemicolon=NO\r\nSpace=NO\r\nOther=NO\r\n"
+      "OtherChars=\r\nTreatConsecutiveAsOne=NO\r\nTextQualifier=None\r\n"
+      "[FORMAT_INFO]\r\nMeasurementSystem=" + system + "\r\nShowUnassignedColumns=YES\r\nShowExcludedRows=YES\r\n"
+      "AutoValidateGridData=YES\r\n" + variantLine + "\r\nNumberOfColumns=5\r\n";
+  const std::string headers[] = {firstHeader, "Tree ID", "Tree Count", "Species", "DBH"};
+  for (int i = 1; i <= 5; ++i) {
+    const std::string units = i == 5 ? dbhUnits : (headers[i - 1][0] == '?' ? "? units" : "");
+    t += "ColumnHeader" + std::to_string(i) + "=" + headers[i - 1] + "\r\nColumnUnits" + std::to_string(i) + "=" +
+         units + "\r\n";
+  }
+  t += "[TEMPLATE_COMMANDS]\r\nNumberOfCommands=0\r\n";
+  return t;
+}
+
+const std::string kTrees = "1,1,10,df,12.3\r\n1,2,5,wp,8.0\r\n";
+const std::string kTreeList = "   1  1    10 DF  123" + std::string(38, ' ') + "\r\n" +
+                              "   1  2     5 WP   80" + std::string(38, ' ') + "\r\n";
+
+class ResultTable : public UnattendedRun {
+ protected:
+  void SetUp() override {
+    UnattendedRun::SetUp();
+    input = home / "trees.csv";
+    output = home / "trees.tre";
+    WriteFile(input, kTrees);
+    WriteFile(home / "Work/small.cnv", FiveColumnTemplate("OrvanVariant=NI", "IMPERIAL", "inches"));
+  }
+  std::string Result() const { return ReadFile(home / "Work/result.txt"); }
+  bool ResultWritten() const { return fs::exists(home / "Work/result.txt"); }
+
+  fs::path input;
+  fs::path output;
+};
+
+TEST_F(ResultTable, TranslationRanGivesTranslationSuccessful) {
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "small"});
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(ReadFile(output), kTreeList);
+}
+
+TEST_F(ResultTable, ExistingOutputIsOverwrittenWithoutAQuestion) {
+  WriteFile(output, "old content\r\n");
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "small"});
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
+  EXPECT_EQ(ReadFile(output), kTreeList);
+}
+
+TEST_F(ResultTable, MetricVariantWritesTheMetricRecord) {
+  WriteFile(home / "Work/smallbc.cnv", FiveColumnTemplate("OrvanVariant=BC", "METRIC", "cm"));
+  WriteFile(input, "1,1,10,fd,12.3\r\n");
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "smallbc"});
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
+  EXPECT_EQ(ReadFile(output), "            1   1  10.000 FD 12.3" + std::string(44, ' ') + "\r\n");
+}
+
+// With the template's assignments brought to the grid, the heading check of
+// validation still fails when the grid's activation stops before it writes
+// the headings: a template whose variant is the empty text makes the variant
+// search run past the last entry, and the activation ends at that error. The
+// headings stay the plain field names, and validation returns false silently.
+TEST_F(ResultTable, HeadingsNeverWrittenGiveInvalidFormatAndTheOutputIsDeleted) {
+  WriteFile(home / "Work/novar.cnv", FiveColumnTemplate("OrvanVariant=", "IMPERIAL", "inches"));
+  WriteFile(output, "old content\r\n");
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "novar"});
+  EXPECT_EQ(Result(), "FAILED: Invalid format.\r\n") << run.errors;
+  EXPECT_NE(run.status, 0);
+  EXPECT_FALSE(fs::exists(output));
+}
+
+TEST_F(ResultTable, InvalidFormatWithNoOutputToDeleteEndsInTheStartBoxWithoutResult) {
+  WriteFile(home / "Work/novar.cnv", FiveColumnTemplate("OrvanVariant=", "IMPERIAL", "inches"));
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "novar"});
+  EXPECT_FALSE(ResultWritten()) << Result();
+  EXPECT_NE(run.errors.find("Error in form: frmMain\r\n"), std::string::npos) << run.errors;
+  EXPECT_NE(run.status, 0);
+}
+
+TEST_F(ResultTable, ValidationMessageGivesUntrappedError) {
+  WriteFile(home / "Work/noplot.cnv", FiveColumnTemplate("OrvanVariant=NI", "IMPERIAL", "inches", "? column"));
+  WriteFile(output, "old content\r\n");
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "noplot"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Plot ID column is required."), std::string::npos) << run.errors;
+  EXPECT_NE(run.status, 0);
+  EXPECT_EQ(ReadFile(output), "old content\r\n");  // only an invalid format deletes it
+}
+
+TEST_F(ResultTable, InvalidCellGivesUntrappedError) {
+  WriteFile(input, "1,1,10,zz,12.3\r\n");
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "small"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Invalid Species Code."), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, UnitsOfTheOtherSystemGiveUntrappedError) {
+  WriteFile(home / "Work/mixed.cnv", FiveColumnTemplate("OrvanVariant=NI", "IMPERIAL", "cm"));
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "mixed"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Incorrect units (metric/imperial)."), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, UnknownTemplateGivesUntrappedError) {
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "nosuch"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Invalid Template Name specified: nosuch"), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, TemplateNameInAnotherCaseIsUnknown) {
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string(), "SMALL"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Invalid Template Name specified: SMALL"), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, MissingInputGivesUntrappedError) {
+  const ProgramRun run = RunCorvalin(home, {(home / "missing.csv").string(), output.string(), "small"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Can't open input file."), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, EmptyInputFieldGivesItsOwnResult) {
+  const ProgramRun run = RunCorvalin(home, {"", output.string(), "small"});
+  EXPECT_EQ(Result(), "Invalid input file path\\name: \r\n");
+  EXPECT_NE(run.status, 0);
+}
+
+TEST_F(ResultTable, EmptyOutputFieldGivesItsOwnResult) {
+  const ProgramRun run = RunCorvalin(home, {input.string(), "", "small"});
+  EXPECT_EQ(Result(), "Invalid output file path\\name: \r\n");
+}
+
+TEST_F(ResultTable, TwoFieldsAndATrailingBlankGiveTheTemplateResult) {
+  const ProgramRun run = RunCorvalin(home, {input.string(), output.string() + " "});
+  EXPECT_EQ(Result(), "Invalid template file path\\name: \r\n");
+}
+
+TEST_F(ResultTable, ImperialWriterFailureGivesUntrappedError) {
+  const fs::path unreachable = home / "no such folder" / "trees.tre";
+  const ProgramRun run = RunCorvalin(home, {input.string(), unreachable.string(), "small"});
+  EXPECT_EQ(Result(), "Untrapped error.\r\n");
+  EXPECT_NE(run.errors.find("Error translating file.Module = "), std::string::npos) << run.errors;
+  EXPECT_NE(run.errors.find("76: Path not found"), std::string::npos) << run.errors;
+}
+
+TEST_F(ResultTable, MetricWriterFailureEndsInTheStartBoxWithoutResult) {
+  WriteFile(home / "Work/smallbc.cnv", FiveColumnTemplate("OrvanVariant=BC", "METRIC", "cm"));
+  WriteFile(input, "1,1,10,fd,12.3\r\n");
+  const fs::path unreachable = home / "no such folder" / "trees.tre";
+  const ProgramRun run = RunCorvalin(home, {input.string(), unreachable.string(), "smallbc"});
+  EXPECT_FALSE(ResultWritten()) << Result();
+  EXPECT_NE(run.errors.find("Error in form: frmMain\r\n76: Path not found"), std::string::npos) << run.errors;
+  EXPECT_NE(run.status, 0);
+}
+
+TEST_F(ResultTable, StaleResultIsReplaced) {
+  WriteFile(home / "Work/result.txt", "FAILED: Invalid format.\r\n");
+  RunCorvalin(home, {input.string(), output.string(), "small"});
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n");
+}
+
+}  // namespace
+}  // namespace corvalin
