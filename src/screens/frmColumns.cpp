@@ -6,17 +6,20 @@
 #include <cstdlib>
 #include <vector>
 
+#include "columns/ValidateTable.h"
 #include "screens/Application.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmMain.h"
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
+#include "shell/Help.h"
 #include "shell/ProfileFile.h"
 #include "shell/RunState.h"
 #include "shell/Settings.h"
 #include "shell/Text.h"
 #include "shell/Toolkit.h"
+#include "translation/RunTranslation.h"
 #include "worktable/PrepareDatabase.h"
 
 namespace corvalin {
@@ -421,15 +424,26 @@ void frmColumns::cmdBack_Click() {
   });
 }
 
+// The short way to the tree list. After a fresh load of the grid screen its
+// headings carry no assignments yet, so the validation fails quietly and the
+// grid is shown: that is the usual outcome.
 void frmColumns::cmdFinish_Click() {
   RunEvent([&] {
     PrepareDatabase();
     frmHeaders& headers = App().Headers();
     headers.Left = Left;
     headers.Top = Top;
-    // The whole-table validation and the translation follow here once they
-    // are part of the program; until then the grid is where the user goes on.
-    headers.Show();
+    if (ValidateTable(headers)) {
+      RunTranslation();
+      Screen* next = nullptr;
+      if (App().Template().chkEditStandListFile.Checked() && headers.StandListScreen) next = headers.StandListScreen();
+      if (next == nullptr) next = &App().Template();
+      next->Left = Left;
+      next->Top = Top;
+      next->Show();
+    } else {
+      headers.Show();
+    }
     Hide();
   });
 }
@@ -437,10 +451,7 @@ void frmColumns::cmdFinish_Click() {
 void frmColumns::cmdQuit_Click() { RunEvent([] { ConfirmQuit(); }); }
 
 void frmColumns::cmdHelp_Click() {
-  RunEvent([&] {
-    const std::string topic = HelpContextID != 0 ? "context-" + std::to_string(HelpContextID) : std::string();
-    UI().OpenHelp(Run().HelpFile, topic);
-  });
+  RunEvent([&] { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); });
 }
 
 bool frmColumns::Form_QueryUnload(CloseReason reason) {

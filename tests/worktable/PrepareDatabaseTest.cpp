@@ -375,5 +375,42 @@ TEST_F(LoadTable, ReloadWhileTheGridHoldsTheDatabaseOpenReplacesTheFile) {
   EXPECT_EQ(RowCount(), 2);
 }
 
+TEST_F(LoadTable, TranslateAfterAFreshLoadShowsTheGrid) {
+  frmColumns& screen = Input("1,a\r\n");
+  screen.Left = 120;
+  screen.Top = 80;
+  screen.Show();
+  screen.cmdFinish_Click();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(RowCount(), 1);
+  frmHeaders& headers = App().Headers();
+  EXPECT_TRUE(headers.Visible());
+  EXPECT_EQ(headers.Left, 120);
+  EXPECT_EQ(headers.Top, 80);
+  EXPECT_FALSE(screen.Visible());
+  EXPECT_FALSE(App().Template().Visible());
+}
+
+TEST_F(LoadTable, NextNamesTheGridsNextButtonByTheStandListChoice) {
+  App().Template().chkEditStandListFile.Value = 1;
+  frmColumns& screen = Input("1,a\r\n");
+  screen.cmdNext_Click();
+  EXPECT_EQ(App().Headers().cmdNext.Caption, "Next >>");
+}
+
+TEST_F(LoadTable, BackShowsTheFirstScreenAndAppliesNothing) {
+  frmColumns& screen = Input("1,a\r\n");
+  screen.Left = 33;
+  screen.Show();
+  Run().ReloadNeeded = true;
+  screen.cmdBack_Click();
+  EXPECT_TRUE(App().Template().Visible());
+  EXPECT_EQ(App().Template().Left, 33);
+  EXPECT_FALSE(screen.Visible());
+  EXPECT_FALSE(ui.busyPointer);
+  EXPECT_FALSE(fs::exists(Database()));
+  EXPECT_TRUE(Run().ReloadNeeded);
+}
+
 }  // namespace
 }  // namespace corvalin
