@@ -1,0 +1,252 @@
+#include "desktop/QtToolkit.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QDir>
+#include <QStyle>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QStringList>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <cstdio>
+#include <cstdlib>
+
+#include "shell/RunState.h"
+
+namespace corvalin {
+
+QString ToQt(const std::string& text) {
+  QString out = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+  out.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  return out;
+}
+
+QString PathToQt(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+
+std::string PathFromQt(const QString& path) { return QFile::encodeName(path).toStdString(); }
+
+QString QtFilterOf(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
+  QStringList entries;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString patterns = parts[i + 1].trimmed();
+    patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+    patterns.replace(QStringLiteral("*.*"), QStringLiteral("*"));
+    entries << parts[i].trimmed() + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
+  }
+  return entries.join(QStringLiteral(";;"));
+}
+
+namespace {
+
+void CentreOnScreen(QWidget* window) {
+  window->adjustSize();
+  if (QScreen* screen = QGuiApplication::primaryScreen()) {
+    const QRect area = screen->availableGeometry();
+    window->move(area.center() - window->rect().center());
+  }
+}
+
+// frmBusyMessage: Cancel, or a close that the program did not ask for, sets
+// BusyCancelled; the window stays as it is.
+class BusyWindow : public QDialog {
+ public:
+  bool unloading = false;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    if (!unloading) Run().BusyCancelled = true;
+    QDialog::closeEvent(event);
+  }
+  void reject() override { Run().BusyCancelled = true; }
+};
+
+// frmAppendOverwriteCancel. It keeps the caption it was designed with.
+class AppendWindow : public QDialog {
+ public:
+  AppendChoice choice = AppendChoice::Closed;
+};
+
+}  // namespace
+
+QtToolkit::QtToolkit() = default;
+
+QtToolkit::~QtToolkit() {
+  delete busyWindow_.data();
+  delete banner_.data();
+}
+
+Answer QtToolkit::Message(const MessageRequest& request) {
+  QMessageBox box;
+  box.setWindowTitle(ToQt(request.title.empty() ? std::string(ApplicationTitle) : request.title));
+  box.setText(ToQt(request.text));
+  switch (request.icon) {
+    case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
+    case Icon::Question: box.setIcon(QMessageBox::Question); break;
+    case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case Icon::Information: box.setIcon(QMessageBox::Information); break;
+  }
+  std::vector<std::pair<QMessageBox::StandardButton, Answer>> buttons;
+  switch (request.buttons) {
+    case Buttons::OK: buttons = {{QMessageBox::Ok, Answer::OK}}; break;
+    case Buttons::OKCancel: buttons = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}}; break;
+    case Buttons::YesNo: buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}; break;
+    case Buttons::YesNoCancel:
+      buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
+      break;
+    case Buttons::RetryCancel:
+      buttons = {{QMessageBox::Retry, Answer::Retry}, {QMessageBox::Cancel, Answer::Cancel}};
+      break;
+  }
+  QMessageBox::StandardButtons all;
+  for (const auto& b : buttons) all |= b.first;
+  box.setStandardButtons(all);
+  const std::size_t defaultIndex = static_cast<std::size_t>(request.defaultButton) - 1;
+  if (defaultIndex < buttons.size()) box.setDefaultButton(buttons[defaultIndex].first);
+  // Closing the box by its window control gives the answer of Escape; a box
+  // without a Cancel or No button gives its one button.
+  box.setEscapeButton(buttons.back().first);
+  const int pressed = box.exec();
+  for (const auto& b : buttons)
+    if (pressed == b.first) return b.second;
+  return DefaultAnswer(request);
+}
+
+std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
+  const QString folder = QFileDialog::getExistingDirectory(nullptr, ToQt(title), PathToQt(initialFolder));
+  return PathFromQt(folder);
+}
+
+std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
+  QString start = PathToQt(request.initialFolder);
+  if (!request.fileName.empty()) start = QDir(start).filePath(PathToQt(request.fileName));
+  const QString filter = QtFilterOf(request.filter);
+  QString chosen = request.save ? QFileDialog::getSaveFileName(nullptr, ToQt(request.title), start, filter)
+                                : QFileDialog::getOpenFileName(nullptr, ToQt(request.title), start, filter);
+  if (chosen.isEmpty()) return request.fileName;
+  return PathFromQt(chosen);
+}
+
+void QtToolkit::SetBusyPointer(bool busy) {
+  if (busy == busyPointer_) return;
+  busyPointer_ = busy;
+  if (busy) QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+  else QApplication::restoreOverrideCursor();
+}
+
+void QtToolkit::DoEvents() { QCoreApplication::processEvents(); }
+
+void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {
+  if (busyWindow_ == nullptr) {
+    auto* window = new BusyWindow;
+    window->setObjectName(QStringLiteral("frmBusyMessage"));
+    Run().CurrentScreen = "BusyMessage";
+    auto* label = new QLabel(window);
+    label->setObjectName(QStringLiteral("lblBusyMessage"));
+    label->setMinimumWidth(320);
+    label->setWordWrap(true);
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), window);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    QObject::connect(cancel, &QPushButton::clicked, [] { Run().BusyCancelled = true; });
+    auto* layout = new QVBoxLayout(window);
+    layout->addWidget(label);
+    layout->addWidget(cancel, 0, Qt::AlignHCenter);
+    busyWindow_ = window;
+    busyLabel_ = label;
+    busyCancel_ = cancel;
+    CentreOnScreen(window);
+  }
+  if (busyWindow_->windowTitle() != ToQt(title)) busyWindow_->setWindowTitle(ToQt(title));
+  busyLabel_->setText(ToQt(text));
+  busyWindow_->show();
+  DoEvents();
+}
+
+void QtToolkit::HideBusyWindow() {
+  if (busyWindow_ == nullptr) return;
+  static_cast<BusyWindow*>(busyWindow_.data())->unloading = true;
+  busyWindow_->close();
+  delete busyWindow_.data();
+}
+
+void QtToolkit::ShowBanner(const std::string& title, const std::string& text) {
+  if (banner_ == nullptr) {
+    auto* window = new QWidget(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint);
+    window->setObjectName(QStringLiteral("frmAutoMsg"));
+    auto* label = new QLabel(ToQt(text), window);
+    label->setObjectName(QStringLiteral("Label1"));
+    auto* layout = new QVBoxLayout(window);
+    layout->addWidget(label);
+    window->setWindowTitle(ToQt(title));
+    banner_ = window;
+    CentreOnScreen(window);
+  }
+  banner_->show();
+}
+
+void QtToolkit::HideBanner() { delete banner_.data(); }
+
+AppendChoice QtToolkit::AskAppendOverwriteCancel(const std::string& text) {
+  AppendWindow window;
+  window.setObjectName(QStringLiteral("frmAppendOverwriteCancel"));
+  window.setWindowTitle(QStringLiteral("App.Title"));
+  auto* label = new QLabel(ToQt(text), &window);
+  label->setObjectName(QStringLiteral("Label1"));
+  auto* icon = new QLabel(&window);
+  icon->setObjectName(QStringLiteral("Image1"));
+  icon->setPixmap(window.style()->standardPixmap(QStyle::SP_MessageBoxQuestion));
+  auto* append = new QPushButton(QStringLiteral("Append"), &window);
+  append->setObjectName(QStringLiteral("cmdAppend"));
+  auto* overwrite = new QPushButton(QStringLiteral("Overwrite"), &window);
+  overwrite->setObjectName(QStringLiteral("cmdOverwrite"));
+  auto* cancel = new QPushButton(QStringLiteral("Cancel"), &window);
+  cancel->setObjectName(QStringLiteral("cmdCancel"));
+  const auto choose = [&window](AppendChoice choice) {
+    window.choice = choice;
+    window.accept();
+  };
+  QObject::connect(append, &QPushButton::clicked, [&] { choose(AppendChoice::Append); });
+  QObject::connect(overwrite, &QPushButton::clicked, [&] { choose(AppendChoice::Overwrite); });
+  QObject::connect(cancel, &QPushButton::clicked, [&] { choose(AppendChoice::Cancel); });
+  auto* top = new QHBoxLayout;
+  top->addWidget(icon);
+  top->addWidget(label, 1);
+  auto* row = new QHBoxLayout;
+  row->addWidget(append);
+  row->addWidget(overwrite);
+  row->addWidget(cancel);
+  auto* layout = new QVBoxLayout(&window);
+  layout->addLayout(top);
+  layout->addLayout(row);
+  CentreOnScreen(&window);
+  window.exec();
+  return window.choice;
+}
+
+bool QtToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {
+  const QString path = PathToQt(helpFile);
+  if (!QFileInfo(path).isFile()) return false;
+  QUrl url = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+  if (!topic.empty()) url.setFragment(QString::fromStdString(topic));
+  return QDesktopServices::openUrl(url);
+}
+
+void QtToolkit::Beep() { QApplication::beep(); }
+
+void QtToolkit::EndProcess(int exitCode) {
+  std::fflush(nullptr);
+  std::_Exit(exitCode);
+}
+
+}  // namespace corvalin

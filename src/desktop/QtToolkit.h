@@ -1,0 +1,62 @@
+// The Toolkit of the desktop: Qt message boxes and dialogs, the busy pointer,
+// pending events, the busy window (frmBusyMessage), the banner of an
+// unattended run (frmAutoMsg), the append question (frmAppendOverwriteCancel)
+// and the help page in the user's browser.
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <string>
+
+#include "shell/Toolkit.h"
+
+class QDialog;
+class QLabel;
+class QPushButton;
+class QWidget;
+
+namespace corvalin {
+
+// Text is single-byte; shown on screen it is read as Latin-1, and the CR LF
+// of a message is a line break.
+QString ToQt(const std::string& text);
+// File paths are the file system's bytes.
+QString PathToQt(const std::string& path);
+std::string PathFromQt(const QString& path);
+// "Text (*.txt)|*.txt|All Files (*.*)|*.*" as Qt's "Text (*.txt);;All Files (*)".
+QString QtFilterOf(const std::string& filter);
+
+class QtToolkit : public Toolkit {
+ public:
+  QtToolkit();
+  ~QtToolkit() override;
+
+  Answer Message(const MessageRequest& request) override;
+  std::string BrowseForFolder(const std::string& title, const std::string& initialFolder) override;
+  std::string ShowFileDialog(const FileDialogRequest& request) override;
+  void SetBusyPointer(bool busy) override;
+  void DoEvents() override;
+  void ShowBusyWindow(const std::string& title, const std::string& text) override;
+  void HideBusyWindow() override;
+  void ShowBanner(const std::string& title, const std::string& text) override;
+  void HideBanner() override;
+  AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
+  void Beep() override;
+  [[noreturn]] void EndProcess(int exitCode) override;
+
+  // The windows, for the desktop tests.
+  QDialog* BusyWindow() const { return busyWindow_; }
+  QLabel* BusyMessageLabel() const { return busyLabel_; }
+  QPushButton* BusyCancelButton() const { return busyCancel_; }
+  QWidget* Banner() const { return banner_; }
+
+ private:
+  QPointer<QDialog> busyWindow_;
+  QPointer<QLabel> busyLabel_;
+  QPointer<QPushButton> busyCancel_;
+  QPointer<QWidget> banner_;
+  bool busyPointer_ = false;
+};
+
+}  // namespace corvalin
