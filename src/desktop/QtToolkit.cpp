@@ -59,7 +59,7 @@ void CentreOnScreen(QWidget* window) {
 
 // frmBusyMessage: Cancel, or a close that the program did not ask for, sets
 // BusyCancelled; the window stays as it is.
-class BusyWindow : public QDialog {
+class BusyMessageWindow : public QDialog {
  public:
   bool unloading = false;
 
@@ -149,7 +149,7 @@ void QtToolkit::DoEvents() { QCoreApplication::processEvents(); }
 
 void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {
   if (busyWindow_ == nullptr) {
-    auto* window = new BusyWindow;
+    auto* window = new BusyMessageWindow;
     window->setObjectName(QStringLiteral("frmBusyMessage"));
     Run().CurrentScreen = "BusyMessage";
     auto* label = new QLabel(window);
@@ -175,7 +175,7 @@ void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text
 
 void QtToolkit::HideBusyWindow() {
   if (busyWindow_ == nullptr) return;
-  static_cast<BusyWindow*>(busyWindow_.data())->unloading = true;
+  static_cast<BusyMessageWindow*>(busyWindow_.data())->unloading = true;
   busyWindow_->close();
   delete busyWindow_.data();
 }

@@ -4,16 +4,15 @@
 // and the help page in the user's browser.
 #pragma once
 
+#include <QDialog>
+#include <QLabel>
 #include <QPointer>
+#include <QPushButton>
 #include <QString>
+#include <QWidget>
 #include <string>
 
 #include "shell/Toolkit.h"
-
-class QDialog;
-class QLabel;
-class QPushButton;
-class QWidget;
 
 namespace corvalin {
 
