@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "screens/BatchRun.h"
 #include "screens/frmMain.h"
 #include "shell/Error.h"
 #include "shell/Process.h"
@@ -34,6 +35,7 @@ bool DisplayAvailable() {
 // has failed.
 int StartSequence(bool interactive, int (*eventLoop)()) {
   using namespace corvalin;
+  MainForm().ContinueBatchRun = ContinueBatchRun;
   try {
     MainForm().Form_Load();
     if (interactive && eventLoop != nullptr) return eventLoop();
