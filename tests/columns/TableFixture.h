@@ -12,6 +12,7 @@
 #include "TestSupport.h"
 #include "screens/Application.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 #include "templates/TemplateCommands.h"
@@ -99,8 +100,13 @@ class TableFixture : public FreshProcess {
     return rows->GetBookmark();
   }
 
-  // Loads frmHeaders over the table (its load steps only).
-  static frmHeaders& LoadHeaders() { return App().Headers(); }
+  // Loads frmHeaders over the table (its load steps only). The first screen
+  // is loaded before it, as in the program, whose own load would otherwise
+  // unload the grid screen while it loads.
+  static frmHeaders& LoadHeaders() {
+    App().Template();
+    return App().Headers();
+  }
 
   // Adds a command to the list in force and returns its index.
   static int16_t AddCommand(const TemplateCommand& command) {
