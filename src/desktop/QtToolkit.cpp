@@ -42,7 +42,12 @@ QString QtFilterOf(const std::string& filter) {
     QString patterns = parts[i + 1].trimmed();
     patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
     patterns.replace(QStringLiteral("*.*"), QStringLiteral("*"));
-    entries << parts[i].trimmed() + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
+    // Qt reads the patterns from the parentheses at the end of an entry, so
+    // a description that already shows them in its own words gives way.
+    QString description = parts[i].trimmed();
+    const qsizetype open = description.lastIndexOf(QLatin1Char('('));
+    if (open > 0 && description.endsWith(QLatin1Char(')'))) description = description.left(open).trimmed();
+    entries << description + QStringLiteral(" (") + patterns.simplified() + QLatin1Char(')');
   }
   return entries.join(QStringLiteral(";;"));
 }
@@ -68,7 +73,9 @@ class BusyMessageWindow : public QDialog {
     if (!unloading) Run().BusyCancelled = true;
     QDialog::closeEvent(event);
   }
-  void reject() override { Run().BusyCancelled = true; }
+  void reject() override {
+    if (!unloading) Run().BusyCancelled = true;
+  }
 };
 
 // frmAppendOverwriteCancel. It keeps the caption it was designed with.
@@ -176,7 +183,7 @@ void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text
 void QtToolkit::HideBusyWindow() {
   if (busyWindow_ == nullptr) return;
   static_cast<BusyMessageWindow*>(busyWindow_.data())->unloading = true;
-  busyWindow_->close();
+  busyWindow_->hide();
   delete busyWindow_.data();
 }
 
