@@ -19,7 +19,12 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, std::shared_ptr<Row
 
 Recordset::~Recordset() = default;
 
-long Recordset::RecordCount() const { return static_cast<long>(rows_->rows.size()); }
+long Recordset::RecordCount() const { return static_cast<long>(Store().rows.size()); }
+
+RowStore& Recordset::Store() const {
+  rows_->Ensure(*connection_);
+  return *rows_;
+}
 
 void Recordset::MoveFirst() { position_ = 0; }
 void Recordset::MoveLast() { position_ = RecordCount() > 0 ? RecordCount() - 1 : 0; }
@@ -37,11 +42,11 @@ void Recordset::MovePrevious() {
 bool Recordset::IsEOF() const { return RecordCount() == 0 || position_ >= RecordCount(); }
 bool Recordset::IsBOF() const { return RecordCount() == 0 || position_ < 0; }
 
-int Recordset::FieldCount() const { return static_cast<int>(rows_->fields.size()); }
-const std::string& Recordset::FieldName(int index) const { return rows_->fields.at(static_cast<std::size_t>(index)); }
+int Recordset::FieldCount() const { return static_cast<int>(Store().fields.size()); }
+const std::string& Recordset::FieldName(int index) const { return Store().fields.at(static_cast<std::size_t>(index)); }
 
 int Recordset::FieldIndex(std::string_view name) const {
-  const auto& fields = rows_->fields;
+  const auto& fields = Store().fields;
   for (std::size_t i = 0; i < fields.size(); ++i)
     if (EqualsNoCase(fields[i], name)) return static_cast<int>(i);
   return -1;
@@ -61,7 +66,7 @@ void Recordset::RequireCurrent() const {
 
 const std::string* Recordset::CellAt(int fieldIndex) const {
   RequireCurrent();
-  const Row& row = rows_->rows[static_cast<std::size_t>(position_)];
+  const Row& row = Store().rows[static_cast<std::size_t>(position_)];
   const auto i = static_cast<std::size_t>(fieldIndex);
   if (i >= row.cells.size()) Raise(kItemNotFound, "Recordset");
   return row.isNull[i] ? nullptr : &row.cells[i];
@@ -88,7 +93,7 @@ std::string Recordset::TextOrEmpty(std::string_view name) const {
 
 void Recordset::SetValueAt(int fieldIndex, const std::string& value) {
   RequireCurrent();
-  Row& row = rows_->rows[static_cast<std::size_t>(position_)];
+  Row& row = Store().rows[static_cast<std::size_t>(position_)];
   const auto i = static_cast<std::size_t>(fieldIndex);
   if (i >= row.cells.size()) Raise(kItemNotFound, "Recordset");
   row.cells[i] = value;
@@ -100,7 +105,7 @@ void Recordset::SetValue(std::string_view name, const std::string& value) { SetV
 
 void Recordset::Update() {
   RequireCurrent();
-  rows_->WriteThrough(*connection_, rows_->rows[static_cast<std::size_t>(position_)]);
+  Store().WriteThrough(*connection_, Store().rows[static_cast<std::size_t>(position_)]);
 }
 
 Recordset::Bookmark Recordset::GetBookmark() const {
@@ -128,7 +133,7 @@ void Recordset::Find(std::string_view criteria) {
   if (wanted.size() >= 2 && wanted.front() == '\'' && wanted.back() == '\'') wanted = wanted.substr(1, wanted.size() - 2);
   if (position_ < 0) position_ = 0;
   for (; position_ < RecordCount(); ++position_) {
-    const Row& row = rows_->rows[static_cast<std::size_t>(position_)];
+    const Row& row = Store().rows[static_cast<std::size_t>(position_)];
     const auto i = static_cast<std::size_t>(field);
     if (!row.isNull[i] && row.cells[i] == wanted) return;
   }

@@ -69,6 +69,7 @@ class Recordset {
 
  private:
   void RequireCurrent() const;
+  RowStore& Store() const;
 
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<RowStore> rows_;

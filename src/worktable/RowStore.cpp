@@ -38,11 +38,6 @@ std::string WithRowId(const std::string& sql, std::string* table) {
   return rewritten;
 }
 
-std::string ColumnText(sqlite3_stmt* statement, int column) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-  return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
-}
-
 }  // namespace
 
 void RaiseDatabaseError(sqlite3* db, const std::string& source) {
@@ -53,7 +48,20 @@ void RaiseDatabaseError(sqlite3* db, const std::string& source) {
 
 std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& sql) {
   auto store = std::make_shared<RowStore>();
+  store->sql = sql;
   const std::string rewritten = WithRowId(sql, &store->table);
+  sqlite3_stmt* statement = nullptr;
+  if (sqlite3_prepare_v2(connection.db, rewritten.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+    RaiseDatabaseError(connection.db, "clsDBEngine.RetreiveRecords");
+  sqlite3_finalize(statement);
+  return store;
+}
+
+void RowStore::Ensure(Connection& connection) {
+  if (fetched) return;
+  fetched = true;
+  std::string tableName;
+  const std::string rewritten = WithRowId(sql, &tableName);
   const bool hasRowId = rewritten != sql;
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v2(connection.db, rewritten.c_str(), -1, &statement, nullptr) != SQLITE_OK)
@@ -61,27 +69,28 @@ std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& s
   const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> guard(statement, sqlite3_finalize);
   const int columns = sqlite3_column_count(statement);
   const int first = hasRowId ? 1 : 0;
-  for (int c = first; c < columns; ++c) store->fields.emplace_back(sqlite3_column_name(statement, c));
-  const std::size_t width = store->fields.size();
+  fields.clear();
+  for (int c = first; c < columns; ++c) fields.emplace_back(sqlite3_column_name(statement, c));
+  const std::size_t width = fields.size();
   int rc;
   while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
-    Row row;
+    Row& row = rows.emplace_back();
     row.rowid = hasRowId ? sqlite3_column_int64(statement, 0) : 0;
     row.cells.resize(width);
     row.isNull.assign(width, false);
     row.dirty.assign(width, false);
     for (int c = first; c < columns; ++c) {
       const auto i = static_cast<std::size_t>(c - first);
-      if (sqlite3_column_type(statement, c) == SQLITE_NULL)
+      // A NULL value reads as a null pointer: one call tells both.
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, c));
+      if (text == nullptr)
         row.isNull[i] = true;
       else
-        row.cells[i] = ColumnText(statement, c);
+        row.cells[i].assign(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, c)));
     }
-    store->rows.push_back(std::move(row));
   }
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection.db, "clsDBEngine.RetreiveRecords");
-  if (!hasRowId) store->table.clear();  // not updatable
-  return store;
+  table = hasRowId ? tableName : std::string();  // only a select * is updatable
 }
 
 void RowStore::WriteThrough(Connection& connection, Row& row) {

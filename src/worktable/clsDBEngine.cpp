@@ -71,7 +71,8 @@ std::any clsDBEngine::OpenDB() {
   auto connection = std::make_shared<Connection>();
   const std::string path = ResolveFileNameCase(pathToDB_);
   // Read and write, never create: a missing working database is a failure.
-  if (sqlite3_open_v2(path.c_str(), &connection->db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+  // One thread uses it, so SQLite need not lock around every call.
+  if (sqlite3_open_v2(path.c_str(), &connection->db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
     const std::string message = connection->db != nullptr ? sqlite3_errmsg(connection->db) : "cannot open";
     throw RuntimeError(err::DatabaseError, "clsDBEngine.OpenDB", message + ": " + path);
   }
