@@ -5,16 +5,12 @@
 
 namespace corvalin {
 
-namespace {
-// frmBusyMessage is made at the first ShowBusy and unmade by HideBusy; its
-// load names it as the screen in use, which is what failure reports then show.
-bool gBusyWindowLoaded = false;
-}  // namespace
-
 void ShowBusy(const std::string& title, const std::string& text) {
   if (!Run().CommandLineMode) {
-    if (!gBusyWindowLoaded) {
-      gBusyWindowLoaded = true;
+    // The window's load names it as the screen in use, which is what a
+    // failure report during a translation then shows.
+    if (!Run().BusyWindowLoaded) {
+      Run().BusyWindowLoaded = true;
       Run().CurrentScreen = "BusyMessage";
     }
     UI().ShowBusyWindow(title, text);
@@ -25,7 +21,7 @@ void ShowBusy(const std::string& title, const std::string& text) {
 void HideBusy() {
   if (!Run().CommandLineMode) {
     UI().HideBusyWindow();
-    gBusyWindowLoaded = false;
+    Run().BusyWindowLoaded = false;
   }
   UI().DoEvents();
 }

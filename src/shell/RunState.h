@@ -28,6 +28,8 @@ struct RunState {
   bool BusyCancelled = false;
   bool AppendCancelled = false;
   bool AppendToOutput = false;
+  // frmBusyMessage is loaded (made by the first ShowBusy, unmade by HideBusy).
+  bool BusyWindowLoaded = false;
 
   // Folders and files
   std::string ProgramFolder;

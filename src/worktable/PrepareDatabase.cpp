@@ -100,8 +100,8 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
       insert->BindInt(1, lineNumber);
       for (int n = 0; n < kMaxColumns; ++n)
-        insert->BindText(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
-      insert->BindText(kExcludedParameter, "N");
+        insert->BindTextNoCopy(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
+      insert->BindTextNoCopy(kExcludedParameter, "N");
       insert->Run();
       if (Run().BusyCancelled) break;
     }

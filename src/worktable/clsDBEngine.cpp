@@ -54,6 +54,10 @@ void PreparedStatement::BindText(int index, std::string_view text) {
   sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
+void PreparedStatement::BindTextNoCopy(int index, std::string_view text) {
+  sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+}
+
 void PreparedStatement::Run() {
   const int rc = sqlite3_step(statement_);
   sqlite3_reset(statement_);

@@ -228,7 +228,7 @@ TEST_F(ResultTable, TwoFieldsAndATrailingBlankGiveTheTemplateResult) {
 }
 
 TEST_F(ResultTable, ImperialWriterFailureGivesUntrappedError) {
-  const fs::path unreachable = home / "no such folder" / "trees.tre";
+  const fs::path unreachable = home / "no-such-folder" / "trees.tre";
   const ProgramRun run = RunCorvalin(home, {input.string(), unreachable.string(), "small"});
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
   EXPECT_NE(run.errors.find("Error translating file.Module = "), std::string::npos) << run.errors;
@@ -238,7 +238,7 @@ TEST_F(ResultTable, ImperialWriterFailureGivesUntrappedError) {
 TEST_F(ResultTable, MetricWriterFailureEndsInTheStartBoxWithoutResult) {
   WriteFile(home / "Work/smallbc.cnv", FiveColumnTemplate("OrvanVariant=BC", "METRIC", "cm"));
   WriteFile(input, "1,1,10,fd,12.3\r\n");
-  const fs::path unreachable = home / "no such folder" / "trees.tre";
+  const fs::path unreachable = home / "no-such-folder" / "trees.tre";
   const ProgramRun run = RunCorvalin(home, {input.string(), unreachable.string(), "smallbc"});
   EXPECT_FALSE(ResultWritten()) << Result();
   EXPECT_NE(run.errors.find("Error in form: frmMain\r\n76: Path not found"), std::string::npos) << run.errors;

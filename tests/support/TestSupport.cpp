@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "screens/Application.h"
+#include "screens/ProcessState.h"
 #include "shell/Error.h"
 #include "shell/RunState.h"
 
@@ -81,8 +82,7 @@ void FreshProcess::SetUp() {
   ::setenv("HOME", home.c_str(), 1);
   ::setenv("XDG_CONFIG_HOME", (home / ".config").c_str(), 1);
   ::unsetenv("XDG_DOCUMENTS_DIR");
-  App().UnloadAll();
-  ResetRunState();
+  ResetProcessState();
   SetToolkit(&ui);
   std::filesystem::create_directories(home / "Work");
   std::filesystem::create_directories(home / "Data");
@@ -91,8 +91,7 @@ void FreshProcess::SetUp() {
 }
 
 void FreshProcess::TearDown() {
-  App().UnloadAll();
-  ResetRunState();
+  ResetProcessState();
   SetToolkit(nullptr);
   std::error_code ec;
   std::filesystem::permissions(home, std::filesystem::perms::owner_all, ec);

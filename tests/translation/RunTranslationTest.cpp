@@ -170,7 +170,8 @@ TEST_F(TranslationRun, ExistingOutputAsksAndAppendKeepsTheOldContent) {
   EXPECT_EQ(ReadFile(output), "old line\r\n" + kUsLine + "\r\n");
   EXPECT_FALSE(Run().AppendCancelled);
   EXPECT_TRUE(Run().AppendToOutput);
-  EXPECT_EQ(Run().CurrentScreen, "AppendOverwrite");
+  // The append question's load named it, then the busy window's load did.
+  EXPECT_EQ(Run().CurrentScreen, "BusyMessage");
   EXPECT_EQ(ui.beeps, 1);
   EXPECT_TRUE(ui.busyPointer);
 }
@@ -379,7 +380,7 @@ TEST_F(TranslationRun, ReadOnlyOutputIsAskedAboutAndThenFailsAtTheOpen) {
   ui.appendChoices.push_back(AppendChoice::Overwrite);
   EXPECT_TRUE(RunTranslation());
   EXPECT_EQ(ui.appendQuestions.size(), 1u);
-  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = AppendOverwrite\r\n75: Path/File access error",
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = BusyMessage\r\n75: Path/File access error",
                                                   "Translation completed."}));
 }
 

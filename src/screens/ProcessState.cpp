@@ -1,0 +1,22 @@
+#include "screens/ProcessState.h"
+
+#include "columns/SpeciesCodes.h"
+#include "input/ColumnFormat.h"
+#include "screens/Application.h"
+#include "shell/RunState.h"
+#include "templates/TemplateCommands.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+
+void ResetProcessState() {
+  App().UnloadAll();
+  CloseDatabase();
+  TftRecords().reset();
+  ResetRunState();
+  ResetMarkers();
+  ResetCommands();
+  ResetSpeciesCodes();
+}
+
+}  // namespace corvalin
