@@ -1,6 +1,7 @@
 // corvalin: with no arguments the wizard; with "input output template" the
 // unattended run, which leaves one line in result.txt of the Work folder and
 // ends with status 0 exactly when that line is "TRANSLATION SUCCESSFUL".
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -49,6 +50,9 @@ int StartSequence(bool interactive, int (*eventLoop)()) {
 
 int main(int argc, char** argv) {
   using namespace corvalin;
+  // Numbers in cells are read, and tree list numbers written, in the user's
+  // own format (the decimal mark), in both run modes.
+  std::setlocale(LC_ALL, "");
   SetStartFolder(StartFolder());
   SetCommandLine(JoinArguments(argc, argv));
   const bool interactive = CommandLine().empty();

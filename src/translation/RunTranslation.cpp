@@ -73,16 +73,16 @@ void WriteTreeList(RecordForm form) {
   int16_t linesWritten = 0;
   RowCells cells{};
   while (!rows.IsEOF()) {
-    const std::string* excluded = rows.CellAt(excludedField < 0 ? rows.RequireField("Excluded") : excludedField);
-    if (excluded != nullptr && *excluded == "N") {
+    const auto excluded = rows.CellAt(excludedField < 0 ? rows.RequireField("Excluded") : excludedField);
+    if (excluded && *excluded == "N") {
       bool hasData = false;
       for (int n = 1; n <= kTableColumns; ++n) {
         const auto slot = static_cast<std::size_t>(n);
         if (!read[slot]) continue;
         const int index = field[slot] < 0 ? rows.RequireField("c" + std::to_string(n)) : field[slot];
-        const std::string* cell = rows.CellAt(index);
-        cells[slot] = cell != nullptr ? std::string_view(*cell) : std::string_view();
-        if (identified[slot] && cell != nullptr && !cell->empty()) hasData = true;
+        const auto cell = rows.CellAt(index);
+        cells[slot] = cell.value_or(std::string_view());
+        if (identified[slot] && cell && !cell->empty()) hasData = true;
       }
       // The record is made for every row taking part, data or not.
       const std::string record = form == RecordForm::Metric ? BcRecord(setup, cells) : UsRecord(setup, cells);

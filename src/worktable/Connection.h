@@ -5,12 +5,22 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
 namespace corvalin {
 
+struct RowStore;
+
 struct Connection {
   sqlite3* db = nullptr;
+  // Counts every statement that may have changed a table, so that the rows
+  // of the last select can be reused while nothing changed.
+  uint64_t generation = 0;
+  std::weak_ptr<RowStore> lastRows;
+  uint64_t lastRowsGeneration = 0;
+
   ~Connection() {
     if (db != nullptr) sqlite3_close_v2(db);
   }

@@ -12,6 +12,7 @@ namespace corvalin {
 namespace {
 constexpr int kNoCurrentRecord = 3021;
 constexpr int kItemNotFound = 3265;
+constexpr const char* kNoCurrentRecordText = "Either BOF or EOF is True, or the current record has been deleted.";
 }  // namespace
 
 Recordset::Recordset(std::shared_ptr<Connection> connection, std::shared_ptr<RowStore> rows)
@@ -19,36 +20,39 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, std::shared_ptr<Row
 
 Recordset::~Recordset() = default;
 
-long Recordset::RecordCount() const { return static_cast<long>(Store().rows.size()); }
-
 RowStore& Recordset::Store() const {
   rows_->Ensure(*connection_);
   return *rows_;
 }
 
+long Recordset::RecordCount() const { return Store().Count(); }
+
 void Recordset::MoveFirst() { position_ = 0; }
 void Recordset::MoveLast() { position_ = RecordCount() > 0 ? RecordCount() - 1 : 0; }
 
 void Recordset::MoveNext() {
-  if (IsEOF()) Raise(kNoCurrentRecord, "Recordset", "Either BOF or EOF is True, or the current record has been deleted.");
+  if (IsEOF()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
   ++position_;
 }
 
 void Recordset::MovePrevious() {
-  if (IsBOF()) Raise(kNoCurrentRecord, "Recordset", "Either BOF or EOF is True, or the current record has been deleted.");
+  if (IsBOF()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
   --position_;
 }
 
 bool Recordset::IsEOF() const { return RecordCount() == 0 || position_ >= RecordCount(); }
 bool Recordset::IsBOF() const { return RecordCount() == 0 || position_ < 0; }
 
-int Recordset::FieldCount() const { return static_cast<int>(Store().fields.size()); }
+int Recordset::FieldCount() const { return Store().Width(); }
 const std::string& Recordset::FieldName(int index) const { return Store().fields.at(static_cast<std::size_t>(index)); }
 
 int Recordset::FieldIndex(std::string_view name) const {
-  const auto& fields = Store().fields;
-  for (std::size_t i = 0; i < fields.size(); ++i)
-    if (EqualsNoCase(fields[i], name)) return static_cast<int>(i);
+  const RowStore& store = Store();
+  // The program names its fields as the table spells them; other spellings
+  // are found too, only more slowly.
+  if (const auto it = store.fieldByName.find(std::string(name)); it != store.fieldByName.end()) return it->second;
+  for (std::size_t i = 0; i < store.fields.size(); ++i)
+    if (EqualsNoCase(store.fields[i], name)) return static_cast<int>(i);
   return -1;
 }
 
@@ -60,52 +64,45 @@ int Recordset::RequireField(std::string_view name) const {
 }
 
 void Recordset::RequireCurrent() const {
-  if (IsEOF() || IsBOF())
-    Raise(kNoCurrentRecord, "Recordset", "Either BOF or EOF is True, or the current record has been deleted.");
+  if (IsEOF() || IsBOF()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
 }
 
-const std::string* Recordset::CellAt(int fieldIndex) const {
+std::optional<std::string_view> Recordset::CellAt(int fieldIndex) const {
   RequireCurrent();
-  const Row& row = Store().rows[static_cast<std::size_t>(position_)];
-  const auto i = static_cast<std::size_t>(fieldIndex);
-  if (i >= row.cells.size()) Raise(kItemNotFound, "Recordset");
-  return row.isNull[i] ? nullptr : &row.cells[i];
+  if (fieldIndex < 0 || fieldIndex >= Store().Width()) Raise(kItemNotFound, "Recordset");
+  return Store().Cell(position_, fieldIndex);
 }
 
 std::optional<std::string> Recordset::ValueAt(int fieldIndex) const {
-  const std::string* cell = CellAt(fieldIndex);
-  if (cell == nullptr) return std::nullopt;
-  return *cell;
+  const auto cell = CellAt(fieldIndex);
+  if (!cell) return std::nullopt;
+  return std::string(*cell);
 }
 
 std::optional<std::string> Recordset::Value(std::string_view name) const { return ValueAt(RequireField(name)); }
 
 std::string Recordset::Text(std::string_view name) const {
-  const std::string* cell = CellAt(RequireField(name));
-  if (cell == nullptr) Raise(err::InvalidUseOfNull, "Recordset");
-  return *cell;
+  const auto cell = CellAt(RequireField(name));
+  if (!cell) Raise(err::InvalidUseOfNull, "Recordset");
+  return std::string(*cell);
 }
 
 std::string Recordset::TextOrEmpty(std::string_view name) const {
-  const std::string* cell = CellAt(RequireField(name));
-  return cell == nullptr ? std::string() : *cell;
+  const auto cell = CellAt(RequireField(name));
+  return cell ? std::string(*cell) : std::string();
 }
 
 void Recordset::SetValueAt(int fieldIndex, const std::string& value) {
   RequireCurrent();
-  Row& row = Store().rows[static_cast<std::size_t>(position_)];
-  const auto i = static_cast<std::size_t>(fieldIndex);
-  if (i >= row.cells.size()) Raise(kItemNotFound, "Recordset");
-  row.cells[i] = value;
-  row.isNull[i] = false;
-  row.dirty[i] = true;
+  if (fieldIndex < 0 || fieldIndex >= Store().Width()) Raise(kItemNotFound, "Recordset");
+  Store().SetCell(position_, fieldIndex, value);
 }
 
 void Recordset::SetValue(std::string_view name, const std::string& value) { SetValueAt(RequireField(name), value); }
 
 void Recordset::Update() {
   RequireCurrent();
-  Store().WriteThrough(*connection_, Store().rows[static_cast<std::size_t>(position_)]);
+  Store().WriteThrough(*connection_, position_);
 }
 
 Recordset::Bookmark Recordset::GetBookmark() const {
@@ -133,9 +130,8 @@ void Recordset::Find(std::string_view criteria) {
   if (wanted.size() >= 2 && wanted.front() == '\'' && wanted.back() == '\'') wanted = wanted.substr(1, wanted.size() - 2);
   if (position_ < 0) position_ = 0;
   for (; position_ < RecordCount(); ++position_) {
-    const Row& row = Store().rows[static_cast<std::size_t>(position_)];
-    const auto i = static_cast<std::size_t>(field);
-    if (!row.isNull[i] && row.cells[i] == wanted) return;
+    const auto cell = Store().Cell(position_, field);
+    if (cell && *cell == wanted) return;
   }
 }
 

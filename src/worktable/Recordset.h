@@ -48,8 +48,9 @@ class Recordset {
   std::string Text(std::string_view name) const;
   // The value as text with Null read as the empty string.
   std::string TextOrEmpty(std::string_view name) const;
-  // A reference to the current row's value, nullptr for Null (fast read).
-  const std::string* CellAt(int fieldIndex) const;
+  // The current row's value without a copy, nullopt for Null (fast read);
+  // valid until the row is changed.
+  std::optional<std::string_view> CellAt(int fieldIndex) const;
 
   // Changes the current row's field (seen at once by every clone).
   void SetValue(std::string_view name, const std::string& value);

@@ -38,6 +38,14 @@ std::string WithRowId(const std::string& sql, std::string* table) {
   return rewritten;
 }
 
+// Two select texts that differ only in the case of keywords and names ask
+// for the same rows; a quoted literal is compared exactly.
+bool SameSelect(const std::string& a, const std::string& b) {
+  if (a == b) return true;
+  if (a.find('\'') != std::string::npos || b.find('\'') != std::string::npos) return false;
+  return EqualsNoCase(a, b);
+}
+
 }  // namespace
 
 void RaiseDatabaseError(sqlite3* db, const std::string& source) {
@@ -47,6 +55,9 @@ void RaiseDatabaseError(sqlite3* db, const std::string& source) {
 }
 
 std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& sql) {
+  if (auto last = connection.lastRows.lock();
+      last && SameSelect(last->sql, sql) && connection.lastRowsGeneration == connection.generation)
+    return last;
   auto store = std::make_shared<RowStore>();
   store->sql = sql;
   const std::string rewritten = WithRowId(sql, &store->table);
@@ -54,12 +65,18 @@ std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& s
   if (sqlite3_prepare_v2(connection.db, rewritten.c_str(), -1, &statement, nullptr) != SQLITE_OK)
     RaiseDatabaseError(connection.db, "clsDBEngine.RetreiveRecords");
   sqlite3_finalize(statement);
+  connection.lastRows = store;
+  connection.lastRowsGeneration = connection.generation;
   return store;
 }
 
 void RowStore::Ensure(Connection& connection) {
   if (fetched) return;
   fetched = true;
+  Fetch(connection);
+}
+
+void RowStore::Fetch(Connection& connection) {
   std::string tableName;
   const std::string rewritten = WithRowId(sql, &tableName);
   const bool hasRowId = rewritten != sql;
@@ -70,34 +87,77 @@ void RowStore::Ensure(Connection& connection) {
   const int columns = sqlite3_column_count(statement);
   const int first = hasRowId ? 1 : 0;
   fields.clear();
-  for (int c = first; c < columns; ++c) fields.emplace_back(sqlite3_column_name(statement, c));
+  fieldByName.clear();
+  for (int c = first; c < columns; ++c) {
+    fields.emplace_back(sqlite3_column_name(statement, c));
+    fieldByName.emplace(fields.back(), c - first);
+  }
   const std::size_t width = fields.size();
+  const std::size_t words = (width + 63) / 64;
   int rc;
   while ((rc = sqlite3_step(statement)) == SQLITE_ROW) {
-    Row& row = rows.emplace_back();
-    row.rowid = hasRowId ? sqlite3_column_int64(statement, 0) : 0;
-    row.cells.resize(width);
-    row.isNull.assign(width, false);
-    row.dirty.assign(width, false);
+    rowids_.push_back(hasRowId ? sqlite3_column_int64(statement, 0) : 0);
+    const std::size_t nullBase = nullBits_.size();
+    nullBits_.resize(nullBase + words, 0);
     for (int c = first; c < columns; ++c) {
       const auto i = static_cast<std::size_t>(c - first);
+      starts_.push_back(static_cast<uint32_t>(arena_.size()));
       // A NULL value reads as a null pointer: one call tells both.
       const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, c));
       if (text == nullptr)
-        row.isNull[i] = true;
+        nullBits_[nullBase + i / 64] |= uint64_t{1} << (i % 64);
       else
-        row.cells[i].assign(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, c)));
+        arena_.append(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, c)));
     }
+    starts_.push_back(static_cast<uint32_t>(arena_.size()));
   }
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection.db, "clsDBEngine.RetreiveRecords");
+  edited_.assign(rowids_.size(), -1);
   table = hasRowId ? tableName : std::string();  // only a select * is updatable
 }
 
-void RowStore::WriteThrough(Connection& connection, Row& row) {
+std::optional<std::string_view> RowStore::Cell(long row, int field) const {
+  const auto r = static_cast<std::size_t>(row);
+  const auto f = static_cast<std::size_t>(field);
+  if (edited_[r] >= 0) {
+    const EditedRow& edited = editedRows_[static_cast<std::size_t>(edited_[r])];
+    if (edited.isNull[f]) return std::nullopt;
+    return std::string_view(edited.cells[f]);
+  }
+  const std::size_t words = (fields.size() + 63) / 64;
+  if ((nullBits_[r * words + f / 64] >> (f % 64)) & 1U) return std::nullopt;
+  const std::size_t base = r * (fields.size() + 1);
+  return std::string_view(arena_).substr(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
+}
+
+void RowStore::SetCell(long row, int field, const std::string& value) {
+  const auto r = static_cast<std::size_t>(row);
+  if (edited_[r] < 0) {
+    EditedRow edited;
+    for (int f = 0; f < Width(); ++f) {
+      const auto cell = Cell(row, f);
+      edited.cells.emplace_back(cell ? std::string(*cell) : std::string());
+      edited.isNull.push_back(!cell.has_value());
+    }
+    edited.dirty.assign(fields.size(), false);
+    edited_[r] = static_cast<int32_t>(editedRows_.size());
+    editedRows_.push_back(std::move(edited));
+  }
+  EditedRow& edited = editedRows_[static_cast<std::size_t>(edited_[r])];
+  const auto f = static_cast<std::size_t>(field);
+  edited.cells[f] = value;
+  edited.isNull[f] = false;
+  edited.dirty[f] = true;
+}
+
+void RowStore::WriteThrough(Connection& connection, long row) {
+  const int32_t e = edited_[static_cast<std::size_t>(row)];
+  if (e < 0) return;
+  EditedRow& edited = editedRows_[static_cast<std::size_t>(e)];
   std::string sql;
   std::vector<std::size_t> changed;
-  for (std::size_t i = 0; i < row.dirty.size(); ++i) {
-    if (!row.dirty[i]) continue;
+  for (std::size_t i = 0; i < edited.dirty.size(); ++i) {
+    if (!edited.dirty[i]) continue;
     sql += (changed.empty() ? "" : ", ") + std::string("\"") + fields[i] + "\" = ?";
     changed.push_back(i);
   }
@@ -110,10 +170,13 @@ void RowStore::WriteThrough(Connection& connection, Row& row) {
   const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> guard(statement, sqlite3_finalize);
   int n = 1;
   for (const std::size_t i : changed)
-    sqlite3_bind_text(statement, n++, row.cells[i].data(), static_cast<int>(row.cells[i].size()), SQLITE_TRANSIENT);
-  sqlite3_bind_int64(statement, n, row.rowid);
+    sqlite3_bind_text(statement, n++, edited.cells[i].data(), static_cast<int>(edited.cells[i].size()),
+                      SQLITE_TRANSIENT);
+  sqlite3_bind_int64(statement, n, rowids_[static_cast<std::size_t>(row)]);
   if (sqlite3_step(statement) != SQLITE_DONE) RaiseDatabaseError(connection.db, "Recordset.Update");
-  for (const std::size_t i : changed) row.dirty[i] = false;
+  // The table changed: a later select must read it anew.
+  ++connection.generation;
+  for (const std::size_t i : changed) edited.dirty[i] = false;
 }
 
 }  // namespace corvalin

@@ -1,18 +1,23 @@
 // The rows of a select, held in memory and shared by a row set and its
 // clones; each row keeps its table row id, so an edit can be written back.
+// Fetched rows lie back to back in one buffer; a row that is edited moves to
+// cells of its own.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace corvalin {
 
 struct Connection;
 
-struct Row {
-  long long rowid = 0;
+// A row whose cells were changed through a row set.
+struct EditedRow {
   std::vector<std::string> cells;
   std::vector<bool> isNull;
   std::vector<bool> dirty;
@@ -21,22 +26,39 @@ struct Row {
 struct RowStore {
   std::string sql;                  // the select the rows come from
   bool fetched = false;
-  std::string table;                // the table the rows come from
+  std::string table;                // the table the rows come from; empty: read-only
   std::vector<std::string> fields;  // in select order
-  std::vector<Row> rows;
+  std::unordered_map<std::string, int> fieldByName;  // exact spelling
 
   // Runs the select at the first look at the rows. The program often asks for
   // a fresh row set and replaces it before reading it (each opening of the
   // database makes one); fetching on first use spares those the cost.
   void Ensure(Connection& connection);
 
+  long Count() const { return static_cast<long>(rowids_.size()); }
+  int Width() const { return static_cast<int>(fields.size()); }
+  // The cell of a row; nullopt is Null.
+  std::optional<std::string_view> Cell(long row, int field) const;
+  void SetCell(long row, int field, const std::string& value);
   // Writes the row's changed fields to the table and clears their marks.
-  void WriteThrough(Connection& connection, Row& row);
+  void WriteThrough(Connection& connection, long row);
+
+ private:
+  void Fetch(Connection& connection);
+
+  std::vector<long long> rowids_;
+  std::string arena_;                 // every fetched cell, back to back
+  std::vector<uint32_t> starts_;      // per row and field: start in arena_, then one end per row
+  std::vector<uint64_t> nullBits_;    // per row, (Width() + 63) / 64 words
+  std::vector<int32_t> edited_;       // per row: index into editedRows_, or -1
+  std::vector<EditedRow> editedRows_;
 };
 
 // A row set's rows for a select, fetched on first use. A "select * from t ..."
 // also fetches each row's id, which makes its rows updatable. The statement is
-// checked at once, so a bad select fails where it is asked for.
+// checked at once, so a bad select fails where it is asked for. A select
+// asked for again while the tables are unchanged shares the rows already
+// fetched: they are what a new fetch would read.
 std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& sql);
 
 }  // namespace corvalin

@@ -15,6 +15,8 @@ namespace corvalin {
 namespace {
 
 void ExecPlain(Connection& connection, const char* sql, const char* source) {
+  // Any statement may change a table: rows fetched before it are not reused.
+  ++connection.generation;
   char* message = nullptr;
   if (sqlite3_exec(connection.db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
     const std::string text = message != nullptr ? message : "?";
@@ -61,6 +63,7 @@ void PreparedStatement::BindTextNoCopy(int index, std::string_view text) {
 void PreparedStatement::Run() {
   const int rc = sqlite3_step(statement_);
   sqlite3_reset(statement_);
+  ++connection_->generation;
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection_->db, "clsDBEngine.Execute");
 }
 

@@ -154,5 +154,55 @@ TEST_F(RecordsetTest, AnEditThroughARowSetStillLandsAfterTheEngineClosed) {
   EXPECT_EQ(TftRecords()->Text("c1"), "late");
 }
 
+TEST_F(RecordsetTest, TheSameSelectOnAnUnchangedTableReadsWhatTheFirstRead) {
+  DatabaseEngine().SQLString("SELECT * FROM tft");
+  auto first = DatabaseEngine().RetreiveRecords();
+  EXPECT_EQ(first->RecordCount(), 5);
+  DatabaseEngine().SQLString("Select * from tft");
+  auto second = DatabaseEngine().RetreiveRecords();
+  second->MoveLast();
+  EXPECT_EQ(second->Text("c1"), "r5");
+  EXPECT_EQ(second->RecordCount(), 5);
+}
+
+TEST_F(RecordsetTest, ASelectAfterAnUpdateThroughARowSetSeesTheTableAnew) {
+  DatabaseEngine().SQLString("Select * from tft where Excluded = 'N'");
+  auto kept = DatabaseEngine().RetreiveRecords();
+  ASSERT_EQ(kept->RecordCount(), 4);
+  kept->MoveFirst();
+  kept->SetValue("Excluded", "Y");
+  kept->Update();
+  auto again = DatabaseEngine().RetreiveRecords();
+  EXPECT_EQ(again->RecordCount(), 3);
+  EXPECT_EQ(kept->RecordCount(), 4);
+}
+
+TEST_F(RecordsetTest, ASelectAfterAStatementSeesTheTableAnew) {
+  DatabaseEngine().SQLString("Select * from tft");
+  auto before = DatabaseEngine().RetreiveRecords();
+  ASSERT_EQ(before->RecordCount(), 5);
+  DatabaseEngine().SQLString("INSERT INTO tft (LineNum, c1, Excluded) VALUES (6, 'r6', 'N')");
+  int32_t affected = -1;
+  DatabaseEngine().Execute(affected);
+  DatabaseEngine().SQLString("Select * from tft");
+  EXPECT_EQ(DatabaseEngine().RetreiveRecords()->RecordCount(), 6);
+}
+
+TEST_F(RecordsetTest, AnEditedRowKeepsItsOtherCellsAndNulls) {
+  rs().MoveFirst();
+  rs().SetValue("c2", "x");
+  EXPECT_EQ(rs().Text("c1"), "r1");
+  EXPECT_FALSE(rs().Value("c3").has_value());
+  EXPECT_EQ(rs().Text("c2"), "x");
+  rs().Update();
+  rs().SetValue("c3", "y");
+  rs().Update();
+  DatabaseEngine().SQLString("Select * from tft where LineNum = 1");
+  auto again = DatabaseEngine().RetreiveRecords();
+  EXPECT_EQ(again->Text("c2"), "x");
+  EXPECT_EQ(again->Text("c3"), "y");
+  EXPECT_EQ(again->Text("c1"), "r1");
+}
+
 }  // namespace
 }  // namespace corvalin
