@@ -137,9 +137,30 @@ bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, co
 }
 
 // The cell checks of one row taking part, in their fixed order.
-bool CheckRow(frmHeaders& headers, Recordset& rows) {
+// The fields c1..c30 of the row set, found once for the whole row pass.
+struct CellFields {
+  explicit CellFields(const Recordset& rows) : rows_(rows) {
+    for (int n = 1; n <= 30; ++n) index_[static_cast<std::size_t>(n)] = rows.FieldIndex("c" + std::to_string(n));
+  }
+  int Of(int16_t column) const {
+    const int index = column >= 1 && column <= 30 ? index_[static_cast<std::size_t>(column)] : -1;
+    // A column the row set lacks fails as reading it by name would.
+    return index >= 0 ? index : rows_.RequireField("c" + std::to_string(column));
+  }
+
+ private:
+  const Recordset& rows_;
+  std::array<int, 31> index_{};
+};
+
+bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
   const RunState& run = Run();
-  const auto cell = [&](int16_t column) { return rows.Text("c" + std::to_string(column)); };
+  // The cell's text as it stands; a Null cannot be read as text.
+  const auto cell = [&](int16_t column) {
+    const auto value = rows.CellAt(fields.Of(column));
+    if (!value) Raise(err::InvalidUseOfNull, "ValidateTable");
+    return *value;
+  };
   const auto faultAtRow = [&](const char* text) {
     headers.SelectGridRow(rows.GetBookmark());
     return Fault(text);
@@ -161,11 +182,11 @@ bool CheckRow(frmHeaders& headers, Recordset& rows) {
     return faultAtRow("Invalid Tree History Code.");
   if (run.ColSpecies != -1) {
     // A copy: the mapped "BC" code is not written back to the table.
-    std::string species = cell(run.ColSpecies);
+    std::string species(cell(run.ColSpecies));
     if (!IsValidSpecies(species, headers.cmbVariant.Text)) return faultAtRow("Invalid Species Code.");
   }
   if (run.ColDbh != -1) {
-    const std::string dbh = cell(run.ColDbh);
+    const std::string_view dbh = cell(run.ColDbh);
     if (TrimBlanks(dbh).empty()) return faultAtRow("DBH value is required.");
     if (!IsDecimalText(dbh)) return faultAtRow("Invalid DBH value.");
   }
@@ -243,17 +264,19 @@ bool ValidateTable(frmHeaders& headers) {
   std::array<bool, 31> columnAssigned{};
   for (int16_t i = 1; i <= columnCount; i = Inc16(i))
     columnAssigned.at(static_cast<std::size_t>(i)) = HeadingIsAssigned(headers.ColumnCaption.at(static_cast<std::size_t>(i)));
+  const CellFields fields(*rows);
   rows->MoveFirst();
+  const int excludedField = rows->IsEOF() ? -1 : rows->RequireField("Excluded");
   while (!rows->IsEOF()) {
     bool rowHasData = false;
     for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
       if (!columnAssigned[static_cast<std::size_t>(i)]) continue;
       // Null counts as empty; blanks count as data.
-      const auto value = rows->Value("c" + std::to_string(i));
+      const auto value = rows->CellAt(fields.Of(i));
       if (value && !value->empty()) rowHasData = true;
     }
-    if (rowHasData && rows->TextOrEmpty("Excluded") == "N") {
-      if (!CheckRow(headers, *rows)) return false;
+    if (rowHasData && rows->CellAt(excludedField).value_or(std::string_view()) == "N") {
+      if (!CheckRow(headers, *rows, fields)) return false;
     }
     rows->MoveNext();
   }

@@ -1,5 +1,6 @@
 #include "translation/NumberText.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <clocale>
@@ -20,6 +21,8 @@ namespace {
 // binary value 12.349999999999999644... of a typed 12.35 is "1.23500000000000e+01",
 // and so it rounds up to 12.4 as the person who typed it expects.
 constexpr int kSignificantDigits = 15;
+// Tree list fields have at most three decimals; the formatter takes up to 30.
+constexpr int kMaxDecimals = 30;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsWhite(char c) { return c == ' ' || c == '\t'; }
@@ -90,69 +93,85 @@ double CellNumber(std::string_view text) {
 
 std::string FixedDecimalText(double value, int decimals) {
   if (!std::isfinite(value)) Raise(err::Overflow);
+  if (decimals < 0 || decimals > kMaxDecimals) Raise(err::InvalidProcedureCall);
   const bool negative = value < 0;
   const double magnitude = std::fabs(value);
 
   // The digits d1..d15 and the count of them that stand before the point.
-  std::string digits;
+  char digits[kSignificantDigits];
   int pointAt = 1;
   if (magnitude == 0.0) {
-    digits.assign(kSignificantDigits, '0');
+    std::memset(digits, '0', sizeof digits);
   } else {
     char buffer[40];
     const auto result = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
                                       std::chars_format::scientific, kSignificantDigits - 1);
-    const std::string_view written(buffer, static_cast<std::size_t>(result.ptr - buffer));
-    const std::size_t e = written.find('e');
-    digits.reserve(kSignificantDigits);
-    digits.push_back(written[0]);
-    digits.append(written.substr(2, e - 2));
-    pointAt = 1 + std::atoi(std::string(written.substr(e + 1)).c_str());
+    const char* e = std::find(buffer, result.ptr, 'e');
+    digits[0] = buffer[0];
+    std::memcpy(digits + 1, buffer + 2, kSignificantDigits - 1);
+    int exponent = 0;
+    std::from_chars(e + (e[1] == '+' ? 2 : 1), result.ptr, exponent);
+    pointAt = 1 + exponent;
   }
 
   // Keep the digits up to the last decimal; the first digit dropped decides.
+  // A double's point lies at most 309 places from its first digit.
+  char kept[kSignificantDigits + 320 + kMaxDecimals];
+  int keptLength = 0;
   const int keep = pointAt + decimals;
-  std::string kept;
-  if (keep >= static_cast<int>(digits.size())) {
-    kept = digits;
-    kept.append(static_cast<std::size_t>(keep) - digits.size(), '0');
+  if (keep >= kSignificantDigits) {
+    std::memcpy(kept, digits, kSignificantDigits);
+    std::memset(kept + kSignificantDigits, '0', static_cast<std::size_t>(keep - kSignificantDigits));
+    keptLength = keep;
   } else if (keep >= 0) {
-    kept = digits.substr(0, static_cast<std::size_t>(keep));
-    if (digits[static_cast<std::size_t>(keep)] >= '5') {
-      int k = keep - 1;
-      while (k >= 0 && kept[static_cast<std::size_t>(k)] == '9') kept[static_cast<std::size_t>(k--)] = '0';
-      if (k >= 0) {
-        ++kept[static_cast<std::size_t>(k)];
-      } else {
-        kept.insert(kept.begin(), '1');
-        ++pointAt;
-      }
+    std::memcpy(kept + 1, digits, static_cast<std::size_t>(keep));
+    keptLength = keep;
+    bool carryOut = false;
+    if (digits[keep] >= '5') {
+      int k = keep;  // kept[k] is digit k - 1
+      while (k >= 1 && kept[k] == '9') kept[k--] = '0';
+      if (k >= 1)
+        ++kept[k];
+      else
+        carryOut = true;
+    }
+    if (carryOut) {
+      kept[0] = '1';
+      ++keptLength;
+      ++pointAt;
+    } else {
+      std::memmove(kept, kept + 1, static_cast<std::size_t>(keptLength));
     }
   } else {
     // Even the first digit lies beyond the last decimal: the value rounds to 0.
     pointAt = 0;
-    kept.assign(static_cast<std::size_t>(decimals), '0');
+    std::memset(kept, '0', static_cast<std::size_t>(decimals));
+    keptLength = decimals;
   }
-
-  std::string integerPart;
-  std::string fraction;
-  if (pointAt > 0) {
-    integerPart = kept.substr(0, static_cast<std::size_t>(pointAt));
-    fraction = kept.substr(static_cast<std::size_t>(pointAt));
-  } else {
-    fraction.assign(static_cast<std::size_t>(-pointAt), '0');
-    fraction += kept;
-  }
-  const std::size_t firstNonZero = integerPart.find_first_not_of('0');
-  integerPart = firstNonZero == std::string::npos ? std::string("0") : integerPart.substr(firstNonZero);
 
   std::string text;
-  text.reserve(integerPart.size() + fraction.size() + 3);
+  text.reserve(static_cast<std::size_t>(keptLength) + 4);
   if (negative) text.push_back('-');
-  text += integerPart;
+  if (pointAt > 0) {
+    int first = 0;
+    while (first < pointAt && kept[first] == '0') ++first;
+    if (first == pointAt)
+      text.push_back('0');
+    else
+      text.append(kept + first, static_cast<std::size_t>(pointAt - first));
+  } else {
+    text.push_back('0');
+  }
   if (decimals > 0) {
     text += LocaleDecimalPoint();
-    text += fraction.substr(0, static_cast<std::size_t>(decimals));
+    if (pointAt > 0) {
+      text.append(kept + pointAt, static_cast<std::size_t>(decimals));
+    } else {
+      // The fraction: the zeros up to the first kept digit, then the digits.
+      const int zeros = std::min(-pointAt, decimals);
+      text.append(static_cast<std::size_t>(zeros), '0');
+      text.append(kept, static_cast<std::size_t>(decimals - zeros));
+    }
   }
   return text;
 }
