@@ -66,6 +66,27 @@ double LeadingNumber(std::string_view text) {
   return value;
 }
 
+// A text of digits with at most one point and an optional leading minus:
+// what survey cells hold. Read with "." it has the same value whatever the
+// locale: where the locale's mark is ".", its conversion reads exactly this;
+// where it is another, the conversion stops at the "." and the leading-number
+// reading takes over, with ".".
+bool PlainDecimal(std::string_view text) {
+  std::size_t i = (!text.empty() && text[0] == '-') ? 1 : 0;
+  bool digit = false;
+  bool point = false;
+  for (; i < text.size(); ++i) {
+    if (IsDigit(text[i])) {
+      digit = true;
+    } else if (text[i] == '.' && !point) {
+      point = true;
+    } else {
+      return false;
+    }
+  }
+  return digit;
+}
+
 bool LocaleNumber(std::string_view text, double& value) {
   // Only plain decimal writing counts as a number of the locale: the C
   // library would also take hexadecimal, "inf" and "nan".
@@ -87,6 +108,12 @@ bool LocaleNumber(std::string_view text, double& value) {
 
 double CellNumber(std::string_view text) {
   double value = 0.0;
+  if (PlainDecimal(text)) {
+    const char* begin = text.data() + (text[0] == '-' ? 1 : 0);
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(begin, end, value);
+    if (result.ec == std::errc() && result.ptr == end && std::isfinite(value)) return text[0] == '-' ? -value : value;
+  }
   if (LocaleNumber(text, value)) return value;
   return LeadingNumber(text);
 }
@@ -178,6 +205,13 @@ std::string FixedDecimalText(double value, int decimals) {
 
 std::string ShortestNumberText(double value) {
   if (value == 0.0) return "0";
+  // A whole number below 15 digits is written as its digits: the common case
+  // of a rounded slope, without the formatter's cost.
+  if (std::fabs(value) < 1e15 && value == std::trunc(value)) {
+    char buffer[24];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, static_cast<long long>(value));
+    return std::string(buffer, result.ptr);
+  }
   char buffer[48];
   std::snprintf(buffer, sizeof buffer, "%.*g", kSignificantDigits, value);
   std::string text(buffer);

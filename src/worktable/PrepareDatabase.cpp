@@ -1,5 +1,6 @@
 #include "worktable/PrepareDatabase.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -29,14 +30,33 @@ namespace {
 constexpr const char* kBusyTitle = "Working:  Please wait...";
 constexpr const char* kBusyText = "Pulling columns from line: ";
 
-// One row of tft, in the table's column order. The cells are bound as they
-// are: a bound text needs no doubled quotes, and stores what a quoted literal
-// would have stored.
-constexpr const char* kInsertRow =
-    "INSERT INTO tft (LineNum,c1,c2,c3,c4,c5,c6,c7,c8,c9,c10,c11,c12,c13,c14,c15,c16,c17,c18,c19,c20,"
-    "c21,c22,c23,c24,c25,c26,c27,c28,c29,c30,Excluded) VALUES "
-    "(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)";
-constexpr int kExcludedParameter = kMaxColumns + 2;
+// The inserts of the load, one for each count of cells a line can have. A
+// line's cells past its count are empty, so they go in as literal empty
+// texts and only the cells the line has are bound: most survey files use few
+// of the 30 columns. The cells are bound as they are: a bound text needs no
+// doubled quotes, and stores what a quoted literal would have stored.
+class RowInserts {
+ public:
+  explicit RowInserts(clsDBEngine& engine) : engine_(engine) {}
+
+  PreparedStatement& For(int count) {
+    std::unique_ptr<PreparedStatement>& insert = byCount_.at(static_cast<std::size_t>(count));
+    if (!insert) insert = engine_.Prepare(Statement(count));
+    return *insert;
+  }
+
+ private:
+  static std::string Statement(int count) {
+    std::string sql = "INSERT INTO tft (LineNum";
+    for (int n = 1; n <= kMaxColumns; ++n) sql += ",c" + std::to_string(n);
+    sql += ",Excluded) VALUES (?";
+    for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
+    return sql + ",'N')";
+  }
+
+  clsDBEngine& engine_;
+  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> byCount_{};
+};
 
 // A failure of the file system as the run-time error it stands for.
 [[noreturn]] void RaiseFileError(const std::error_code& code, const std::string& source) {
@@ -80,7 +100,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   const LineSplitter splitter(format);
   ParsedLine parsed;
   clsDBEngine& engine = DatabaseEngine();
-  std::unique_ptr<PreparedStatement> insert = engine.Prepare(kInsertRow);
+  RowInserts inserts(engine);
   std::string busyText = kBusyText;
   const std::size_t busyTextLength = busyText.size();
 
@@ -98,11 +118,11 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       input.Next(line);
       splitter.Split(line, parsed);
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
-      insert->BindInt(1, lineNumber);
-      for (int n = 0; n < kMaxColumns; ++n)
-        insert->BindTextNoCopy(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
-      insert->BindTextNoCopy(kExcludedParameter, "N");
-      insert->Run();
+      PreparedStatement& insert = inserts.For(parsed.Count);
+      insert.BindInt(1, lineNumber);
+      for (int n = 0; n < parsed.Count; ++n)
+        insert.BindTextNoCopy(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
+      insert.Run();
       if (Run().BusyCancelled) break;
     }
   } catch (...) {

@@ -1,4 +1,5 @@
 // Reading a cell as a number and writing a number with fixed decimals.
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -137,6 +138,16 @@ TEST(CellNumber, FallsBackToTheLeadingNumber) {
   EXPECT_EQ(CellNumber("abc"), 0.0);
   EXPECT_EQ(CellNumber("0x1A"), 0.0);
   EXPECT_EQ(CellNumber("3.25"), 3.25);
+}
+
+TEST(CellNumber, PlainDecimalsReadAsTheLocalesConversionReadsThem) {
+  for (const char* text : {"5.", "-.5", "007", "12.35", "-0", "0.1", "123456789.123456789", "-24.5", "99999999999999999999"}) {
+    char* end = nullptr;
+    EXPECT_EQ(CellNumber(text), std::strtod(text, &end)) << text;
+  }
+  EXPECT_EQ(CellNumber("-"), 0.0);
+  EXPECT_EQ(CellNumber("."), 0.0);
+  EXPECT_EQ(CellNumber("1.2.3"), 1.2);
 }
 
 TEST(CellNumber, CommaIsNoDecimalMarkWherePointIsTheLocalesMark) {
