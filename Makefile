@@ -9,7 +9,7 @@ BUILD ?= build
 ARGS ?=
 GENERATOR ?= Ninja
 
-.PHONY: all deps configure build run test install clean
+.PHONY: all deps configure build run test sanitize bench install clean
 
 all: build
 
@@ -29,7 +29,23 @@ run: build
 	./$(BUILD)/bin/corvalin $(ARGS)
 
 test: build
-	ctest --test-dir $(BUILD) --output-on-failure
+	ctest --test-dir $(BUILD) --output-on-failure -j$$(nproc)
+
+# The whole suite again under AddressSanitizer and UndefinedBehaviorSanitizer.
+SANITIZE_BUILD ?= build-sanitize
+sanitize: deps
+	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF
+	cmake --build $(SANITIZE_BUILD)
+	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j$$(nproc)
+
+# The benchmarks of docs/performance.md, on a Release build.
+BENCH_BUILD ?= build-release
+bench: deps
+	cmake -S . -B $(BENCH_BUILD) -G $(GENERATOR) -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF
+	cmake --build $(BENCH_BUILD)
+	./bench/run_load_bench.sh $(BENCH_BUILD)
+	./bench/run_unattended_bench.sh $(BENCH_BUILD)
 
 # make install PREFIX=/opt/corvalin
 PREFIX ?= /usr/local
