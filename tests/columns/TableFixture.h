@@ -45,10 +45,7 @@ class TableFixture : public FreshProcess {
 
   // A new TFT.mdb holding these rows; ColumnCount is raised to the widest row.
   void MakeTable(const std::vector<TableRow>& rows) {
-    namespace fs = std::filesystem;
-    const fs::path target = fs::path(Run().DataFolder) / "TFT.mdb";
-    fs::remove(target);
-    fs::copy_file(BinaryDir() / "share/corvalin/EmptyTFT.mdb", target);
+    PutEmptyWorkingTable();
     OpenDatabase();
     for (const TableRow& row : rows) {
       std::string sql = "INSERT INTO tft (LineNum";

@@ -10,6 +10,7 @@
 #include "screens/ProcessState.h"
 #include "shell/Error.h"
 #include "shell/RunState.h"
+#include "worktable/clsDBEngine.h"
 
 namespace corvalin::testing {
 
@@ -96,6 +97,35 @@ void FreshProcess::TearDown() {
   std::error_code ec;
   std::filesystem::permissions(home, std::filesystem::perms::owner_all, ec);
   std::filesystem::remove_all(home, ec);
+}
+
+void WorkingTable::SetUp() {
+  FreshProcess::SetUp();
+  PutEmptyWorkingTable();
+}
+
+void WorkingTable::TearDown() {
+  CloseDatabase();
+  TftRecords().reset();
+  FreshProcess::TearDown();
+}
+
+void WorkingTable::Exec(const std::string& statement) {
+  int32_t affected = -1;
+  DatabaseEngine().SQLString(statement);
+  DatabaseEngine().Execute(affected);
+}
+
+std::shared_ptr<Recordset> WorkingTable::RowOfLine(int line) {
+  DatabaseEngine().SQLString("Select * from tft where LineNum = " + std::to_string(line));
+  return DatabaseEngine().RetreiveRecords();
+}
+
+std::filesystem::path PutEmptyWorkingTable() {
+  const std::filesystem::path target = std::filesystem::path(::corvalin::Run().DataFolder) / "TFT.mdb";
+  std::filesystem::remove(target);
+  std::filesystem::copy_file(BinaryDir() / "share/corvalin/EmptyTFT.mdb", target);
+  return target;
 }
 
 std::string ReadFile(const std::filesystem::path& path) {

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "ScriptedToolkit.h"
 #include "shell/RunState.h"
+#include "worktable/clsDBEngine.h"
 
 namespace corvalin::testing {
 
@@ -28,6 +30,24 @@ class FreshProcess : public ::testing::Test {
   std::filesystem::path home;  // the temporary HOME
   ScriptedToolkit ui;
 };
+
+// A fresh process whose Data folder holds a new copy of the installed empty
+// working table as TFT.mdb (not yet opened); the database is closed and the
+// table's row set dropped after each test.
+class WorkingTable : public FreshProcess {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Runs a statement on the working table.
+  static void Exec(const std::string& statement);
+  // A new row set of the working table's rows that have this line number.
+  static std::shared_ptr<Recordset> RowOfLine(int line);
+};
+
+// Puts a new copy of the installed empty working table in the Data folder as
+// TFT.mdb, replacing the one there, and gives its path.
+std::filesystem::path PutEmptyWorkingTable();
 
 std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& bytes);

@@ -25,7 +25,6 @@
 namespace corvalin {
 namespace {
 
-using testing::BinaryDir;
 using testing::ReadFile;
 using testing::WriteFile;
 
@@ -38,7 +37,7 @@ class TranslationRun : public testing::FreshProcess {
  protected:
   void SetUp() override {
     FreshProcess::SetUp();
-    std::filesystem::copy_file(BinaryDir() / "share/corvalin/EmptyTFT.mdb", Run().DataFolder + "TFT.mdb");
+    testing::PutEmptyWorkingTable();
     output = home / "trees.tre";
     App().Template().lblOutputFile.Caption = output.string();
   }

@@ -12,23 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class DBEngineTest : public testing::FreshProcess {
- protected:
-  void SetUp() override {
-    FreshProcess::SetUp();
-    fs::copy_file(testing::BinaryDir() / "share/corvalin/EmptyTFT.mdb", fs::path(Run().DataFolder) / "TFT.mdb");
-  }
-  void TearDown() override {
-    CloseDatabase();
-    TftRecords().reset();
-    FreshProcess::TearDown();
-  }
-  void Exec(const std::string& sql) {
-    int32_t affected = -1;
-    DatabaseEngine().SQLString(sql);
-    DatabaseEngine().Execute(affected);
-  }
-};
+using DBEngineTest = testing::WorkingTable;
 
 TEST_F(DBEngineTest, OpenDatabaseFindsTheFileMadeAsTftUnderEitherCase) {
   OpenDatabase();
@@ -146,9 +130,8 @@ TEST_F(DBEngineTest, ClosingReleasesTheFileSoItCanBeReplaced) {
   OpenDatabase();
   CloseDatabase();
   TftRecords().reset();
-  const fs::path file = fs::path(Run().DataFolder) / "TFT.mdb";
-  EXPECT_TRUE(fs::remove(file));
-  fs::copy_file(testing::BinaryDir() / "share/corvalin/EmptyTFT.mdb", file);
+  EXPECT_TRUE(fs::remove(fs::path(Run().DataFolder) / "TFT.mdb"));
+  testing::PutEmptyWorkingTable();
   EXPECT_NO_THROW(OpenDatabase());
 }
 

@@ -13,24 +13,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class RecordsetTest : public testing::FreshProcess {
+class RecordsetTest : public testing::WorkingTable {
  protected:
   void SetUp() override {
-    FreshProcess::SetUp();
-    fs::copy_file(testing::BinaryDir() / "share/corvalin/EmptyTFT.mdb", fs::path(Run().DataFolder) / "TFT.mdb");
+    WorkingTable::SetUp();
     OpenDatabase();
-    for (int line = 1; line <= 5; ++line) {
-      DatabaseEngine().SQLString("INSERT INTO tft (LineNum,c1,c2,Excluded) VALUES (" + std::to_string(line) + ",'r" +
-                                 std::to_string(line) + "','', '" + (line == 3 ? "Y" : "N") + "')");
-      int32_t affected = -1;
-      DatabaseEngine().Execute(affected);
-    }
+    for (int line = 1; line <= 5; ++line)
+      Exec("INSERT INTO tft (LineNum,c1,c2,Excluded) VALUES (" + std::to_string(line) + ",'r" + std::to_string(line) +
+           "','', '" + (line == 3 ? "Y" : "N") + "')");
     OpenDatabase();
-  }
-  void TearDown() override {
-    CloseDatabase();
-    TftRecords().reset();
-    FreshProcess::TearDown();
   }
   Recordset& rs() { return *TftRecords(); }
 };
@@ -72,8 +63,7 @@ TEST_F(RecordsetTest, AnUpdateIsVisibleToALaterSelectAtOnce) {
   rs().MoveNext();
   rs().SetValue("c1", "changed");
   rs().Update();
-  DatabaseEngine().SQLString("Select * from tft where LineNum = 2");
-  auto again = DatabaseEngine().RetreiveRecords();
+  auto again = RowOfLine(2);
   EXPECT_EQ(again->Text("c1"), "changed");
 }
 
@@ -197,8 +187,7 @@ TEST_F(RecordsetTest, AnEditedRowKeepsItsOtherCellsAndNulls) {
   rs().Update();
   rs().SetValue("c3", "y");
   rs().Update();
-  DatabaseEngine().SQLString("Select * from tft where LineNum = 1");
-  auto again = DatabaseEngine().RetreiveRecords();
+  auto again = RowOfLine(1);
   EXPECT_EQ(again->Text("c2"), "x");
   EXPECT_EQ(again->Text("c3"), "y");
   EXPECT_EQ(again->Text("c1"), "r1");
