@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "shell/RunState.h"
@@ -10,16 +11,27 @@
 namespace corvalin {
 namespace {
 
+// The run state's column of each of the 21 types, in record order.
+std::vector<int16_t*> TypeColumns(RunState& state) {
+  return {&state.ColPlotId,        &state.ColTreeId,      &state.ColTreeCount,   &state.ColTreeHistory,
+          &state.ColSpecies,       &state.ColDbh,         &state.ColDbhInc,      &state.ColTotalHeight,
+          &state.ColTopkillHeight, &state.ColHeightInc,   &state.ColCrownRatio,  &state.ColDamage1,
+          &state.ColDamage2,       &state.ColDamage3,     &state.ColTreeValue,   &state.ColPrescription,
+          &state.ColPlotSlope,     &state.ColPlotAspect,  &state.ColHabitatType, &state.ColTopoPosition,
+          &state.ColSitePreparation};
+}
+
 // A run state in which validation found no column of any type.
 RunState NoColumns() {
   RunState state;
-  for (int16_t* column : {&state.ColPlotId, &state.ColTreeId, &state.ColTreeCount, &state.ColTreeHistory,
-                          &state.ColSpecies, &state.ColDbh, &state.ColDbhInc, &state.ColTotalHeight,
-                          &state.ColTopkillHeight, &state.ColHeightInc, &state.ColCrownRatio, &state.ColDamage1,
-                          &state.ColDamage2, &state.ColDamage3, &state.ColTreeValue, &state.ColPrescription,
-                          &state.ColPlotSlope, &state.ColPlotAspect, &state.ColHabitatType,
-                          &state.ColTopoPosition, &state.ColSitePreparation})
-    *column = -1;
+  for (int16_t* column : TypeColumns(state)) *column = -1;
+  return state;
+}
+
+// A run state in which validation found only this type, in this column.
+RunState Only(int16_t RunState::*type, int16_t column = 1) {
+  RunState state = NoColumns();
+  state.*type = column;
   return state;
 }
 
@@ -27,13 +39,7 @@ RunState NoColumns() {
 RunState AllColumns() {
   RunState state = NoColumns();
   int16_t n = 1;
-  for (int16_t* column : {&state.ColPlotId, &state.ColTreeId, &state.ColTreeCount, &state.ColTreeHistory,
-                          &state.ColSpecies, &state.ColDbh, &state.ColDbhInc, &state.ColTotalHeight,
-                          &state.ColTopkillHeight, &state.ColHeightInc, &state.ColCrownRatio, &state.ColDamage1,
-                          &state.ColDamage2, &state.ColDamage3, &state.ColTreeValue, &state.ColPrescription,
-                          &state.ColPlotSlope, &state.ColPlotAspect, &state.ColHabitatType,
-                          &state.ColTopoPosition, &state.ColSitePreparation})
-    *column = n++;
+  for (int16_t* column : TypeColumns(state)) *column = n++;
   state.UnitsDbh = "inches";
   state.UnitsDbhInc = "inches";
   state.UnitsTotalHeight = "feet";
@@ -44,6 +50,17 @@ RunState AllColumns() {
   return state;
 }
 
+// A row whose only cell is this one.
+RowCells Cell(std::size_t column, std::string_view text) {
+  RowCells cells{};
+  cells[column] = text;
+  return cells;
+}
+
+// The two records a row gives under a run state.
+std::string Bc(const RunState& state, const RowCells& cells) { return BcRecord(BcRecordSetup(state), cells); }
+std::string Us(const RunState& state, const RowCells& cells) { return UsRecord(UsRecordSetup(state), cells); }
+
 RowCells FullRow() {
   RowCells cells{};
   const char* values[] = {"1234567", "12", "25.5", "1", "fd", "12.3", "0.5", "80", "60", "2", "45",
@@ -53,7 +70,7 @@ RowCells FullRow() {
 }
 
 TEST(BcRecord, EveryFieldInItsColumns) {
-  const std::string record = BcRecord(BcRecordSetup(AllColumns()), FullRow());
+  const std::string record = Bc(AllColumns(), FullRow());
   EXPECT_EQ(record,
             "      1234567"  "  12"  "  25.500"  "1"  "FD"  " 31.2"  " 1.3"  "24.4"  "18.3"  "  61.0"  "5"
             "2505"  "    "  "9901"  "1"  "2"  "  2"  "180"  "260"  "3"  "1");
@@ -61,7 +78,7 @@ TEST(BcRecord, EveryFieldInItsColumns) {
 }
 
 TEST(UsRecord, EveryFieldInItsColumns) {
-  const std::string record = UsRecord(UsRecordSetup(AllColumns()), FullRow());
+  const std::string record = Us(AllColumns(), FullRow());
   EXPECT_EQ(record,
             "1234"  " 12"  "    26"  "1"  "FD "  " 123"  "  5"  " 80"  " 60"  "  20"  "5"
             "2505"  "    "  "9901"  "1"  "2"  " 2"  "180"  "260"  "3"  "1");
@@ -69,109 +86,79 @@ TEST(UsRecord, EveryFieldInItsColumns) {
 }
 
 TEST(BcRecord, NoAssignedColumnGivesABlankLineOfFullLength) {
-  EXPECT_EQ(BcRecord(BcRecordSetup(NoColumns()), RowCells{}), std::string(77, ' '));
+  EXPECT_EQ(Bc(NoColumns(), RowCells{}), std::string(77, ' '));
 }
 
 TEST(UsRecord, NoAssignedColumnGivesABlankLineOfFullLength) {
-  EXPECT_EQ(UsRecord(UsRecordSetup(NoColumns()), RowCells{}), std::string(59, ' '));
+  EXPECT_EQ(Us(NoColumns(), RowCells{}), std::string(59, ' '));
 }
 
 TEST(BcRecord, PlotIdKeepsItsFirstThirteenCharacters) {
-  RunState state = NoColumns();
-  state.ColPlotId = 2;
-  RowCells cells{};
-  cells[2] = "ABCDEFGHIJKLMNOP";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(0, 13), "ABCDEFGHIJKLM");
+  EXPECT_EQ(Bc(Only(&RunState::ColPlotId, 2), Cell(2, "ABCDEFGHIJKLMNOP")).substr(0, 13), "ABCDEFGHIJKLM");
 }
 
 TEST(UsRecord, PlotIdKeepsItsFirstFourCharacters) {
-  RunState state = NoColumns();
-  state.ColPlotId = 1;
-  RowCells cells{};
-  cells[1] = "ABCDEFG";
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(0, 4), "ABCD");
-  cells[1] = "7";
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(0, 4), "   7");
+  const RunState state = Only(&RunState::ColPlotId);
+  EXPECT_EQ(Us(state, Cell(1, "ABCDEFG")).substr(0, 4), "ABCD");
+  EXPECT_EQ(Us(state, Cell(1, "7")).substr(0, 4), "   7");
 }
 
 TEST(Records, SpeciesIsUpperCasedAfterFormatting) {
-  RunState state = NoColumns();
-  state.ColSpecies = 3;
-  RowCells cells{};
-  cells[3] = "df";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(26, 2), "DF");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(14, 3), "DF ");
-  cells[3] = "d";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(26, 2), " D");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(14, 3), "D  ");
+  const RunState state = Only(&RunState::ColSpecies, 3);
+  EXPECT_EQ(Bc(state, Cell(3, "df")).substr(26, 2), "DF");
+  EXPECT_EQ(Us(state, Cell(3, "df")).substr(14, 3), "DF ");
+  EXPECT_EQ(Bc(state, Cell(3, "d")).substr(26, 2), " D");
+  EXPECT_EQ(Us(state, Cell(3, "d")).substr(14, 3), "D  ");
 }
 
 TEST(Records, TreeCountTieAndZero) {
-  RunState state = NoColumns();
-  state.ColTreeCount = 1;
-  RowCells cells{};
-  cells[1] = "25.5";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(17, 8), "  25.500");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(7, 6), "    26");
+  const RunState state = Only(&RunState::ColTreeCount);
+  EXPECT_EQ(Bc(state, Cell(1, "25.5")).substr(17, 8), "  25.500");
+  EXPECT_EQ(Us(state, Cell(1, "25.5")).substr(7, 6), "    26");
   for (const char* empty : {"0", ""}) {
-    cells[1] = empty;
-    EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(17, 8), "        ") << empty;
-    EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(7, 6), "      ") << empty;
+    EXPECT_EQ(Bc(state, Cell(1, empty)).substr(17, 8), "        ") << empty;
+    EXPECT_EQ(Us(state, Cell(1, empty)).substr(7, 6), "      ") << empty;
   }
 }
 
 TEST(Records, UnassignedPeriodicDbhIncIsBlankWhateverItsUnits) {
   RunState state = NoColumns();
   state.UnitsDbhInc = "cm";
-  RowCells cells{};
-  cells[1] = "5";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(33, 4), "    ");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(21, 3), "   ");
+  EXPECT_EQ(Bc(state, Cell(1, "5")).substr(33, 4), "    ");
+  EXPECT_EQ(Us(state, Cell(1, "5")).substr(21, 3), "   ");
 }
 
 TEST(Records, HeightWithAnUnknownUnitNameStaysBlank) {
-  RunState state = NoColumns();
-  state.ColTotalHeight = 1;
+  RunState state = Only(&RunState::ColTotalHeight);
   state.UnitsTotalHeight = "furlongs";
-  RowCells cells{};
-  cells[1] = "80";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(37, 4), "    ");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(24, 3), "   ");
+  EXPECT_EQ(Bc(state, Cell(1, "80")).substr(37, 4), "    ");
+  EXPECT_EQ(Us(state, Cell(1, "80")).substr(24, 3), "   ");
   state.UnitsTotalHeight = "Feet";  // names compare case and all
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(24, 3), "   ");
+  EXPECT_EQ(Us(state, Cell(1, "80")).substr(24, 3), "   ");
 }
 
 TEST(Records, CrownRatioField) {
-  RunState state = NoColumns();
-  state.ColCrownRatio = 1;
+  RunState state = Only(&RunState::ColCrownRatio);
   state.UnitsCrownRatio = "%";
-  RowCells cells{};
   const std::pair<const char*, const char*> percent[] = {{"45", "5"}, {"81", "9"}, {"0", " "}};
   for (const auto& [cell, code] : percent) {
-    cells[1] = cell;
-    EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(51, 1), code) << cell;
-    EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(34, 1), code) << cell;
+    EXPECT_EQ(Bc(state, Cell(1, cell)).substr(51, 1), code) << cell;
+    EXPECT_EQ(Us(state, Cell(1, cell)).substr(34, 1), code) << cell;
   }
   state.UnitsCrownRatio = "codes";
-  cells[1] = "3";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(51, 1), "3");
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(34, 1), "3");
+  EXPECT_EQ(Bc(state, Cell(1, "3")).substr(51, 1), "3");
+  EXPECT_EQ(Us(state, Cell(1, "3")).substr(34, 1), "3");
 }
 
 TEST(Records, TwoCharacterCrownRatioCodeLengthensTheLine) {
-  RunState state = NoColumns();
-  state.ColCrownRatio = 1;
+  RunState state = Only(&RunState::ColCrownRatio);
   state.UnitsCrownRatio = "codes";
-  RowCells cells{};
-  cells[1] = "12";
-  EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).size(), 78u);
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).size(), 60u);
+  EXPECT_EQ(Bc(state, Cell(1, "12")).size(), 78u);
+  EXPECT_EQ(Us(state, Cell(1, "12")).size(), 60u);
 }
 
 TEST(Records, SlopeField) {
-  RunState state = NoColumns();
-  state.ColPlotSlope = 1;
-  RowCells cells{};
+  RunState state = Only(&RunState::ColPlotSlope);
   struct Case {
     const char* units;
     const char* cell;
@@ -185,19 +172,15 @@ TEST(Records, SlopeField) {
   };
   for (const Case& c : cases) {
     state.UnitsPlotSlope = c.units;
-    cells[1] = c.cell;
-    EXPECT_EQ(BcRecord(BcRecordSetup(state), cells).substr(66, 3), c.bc) << c.units << " " << c.cell;
-    EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(49, 2), c.us) << c.units << " " << c.cell;
+    EXPECT_EQ(Bc(state, Cell(1, c.cell)).substr(66, 3), c.bc) << c.units << " " << c.cell;
+    EXPECT_EQ(Us(state, Cell(1, c.cell)).substr(49, 2), c.us) << c.units << " " << c.cell;
   }
 }
 
 TEST(Records, SlopeUnitsOtherThanPercentAreDegrees) {
-  RunState state = NoColumns();
-  state.ColPlotSlope = 1;
+  RunState state = Only(&RunState::ColPlotSlope);
   state.UnitsPlotSlope = "? units";
-  RowCells cells{};
-  cells[1] = "35";
-  EXPECT_EQ(UsRecord(UsRecordSetup(state), cells).substr(49, 2), "35");
+  EXPECT_EQ(Us(state, Cell(1, "35")).substr(49, 2), "35");
 }
 
 TEST(Records, CodedFieldsGoOutAsTheCellText) {
@@ -213,7 +196,7 @@ TEST(Records, CodedFieldsGoOutAsTheCellText) {
   RowCells cells{};
   const char* values[] = {"9", "x1", "8", "10", "359.5", "999", "5", "4"};
   for (int i = 0; i < 8; ++i) cells[static_cast<std::size_t>(i + 1)] = values[i];
-  const std::string bc = BcRecord(BcRecordSetup(state), cells);
+  const std::string bc = Bc(state, cells);
   EXPECT_EQ(bc.substr(25, 1), "9");
   EXPECT_EQ(bc.substr(52, 4), "  x1");
   EXPECT_EQ(bc.substr(64, 1), "8");
@@ -221,7 +204,7 @@ TEST(Records, CodedFieldsGoOutAsTheCellText) {
   EXPECT_EQ(bc.substr(69, 3), "359");
   EXPECT_EQ(bc.substr(72, 3), "999");
   EXPECT_EQ(bc.substr(75, 2), "54");
-  const std::string us = UsRecord(UsRecordSetup(state), cells);
+  const std::string us = Us(state, cells);
   EXPECT_EQ(us.substr(13, 1), "9");
   EXPECT_EQ(us.substr(35, 4), "  x1");
   EXPECT_EQ(us.substr(47, 2), "81");
@@ -364,10 +347,8 @@ TEST_P(EveryUnitInEveryMeasuredField, FieldHoldsTheConvertedValue) {
   if (field == "TotalHeight") state.ColTotalHeight = 4, state.UnitsTotalHeight = c.units;
   if (field == "TopkillHeight") state.ColTopkillHeight = 4, state.UnitsTopkillHeight = c.units;
   if (field == "HeightInc") state.ColHeightInc = 4, state.UnitsHeightInc = c.units;
-  RowCells cells{};
-  cells[4] = "1.5";
   const bool bc = std::string(c.record) == "Bc";
-  const std::string record = bc ? BcRecord(BcRecordSetup(state), cells) : UsRecord(UsRecordSetup(state), cells);
+  const std::string record = bc ? Bc(state, Cell(4, "1.5")) : Us(state, Cell(4, "1.5"));
   const std::string expected = c.expected;
   ASSERT_EQ(record.size(), bc ? 77u : 59u);
   EXPECT_EQ(record.substr(static_cast<std::size_t>(c.start), expected.size()), expected);
