@@ -52,6 +52,32 @@ void RefreshGrid() {
   if (App().HeadersLoaded()) App().Headers().RefreshGrid();
 }
 
+// A replacement redraws the grid itself; the exclusions leave the redraw to
+// whoever called them.
+enum class AfterWalk { KeepGrid, RedrawGrid };
+
+// What every command does around its rows: the busy pointer, a clone of the
+// grid's rows, the hit count from zero, each row from the first to the end.
+// A failure part way leaves the pointer busy and the rows done so far
+// changed; the caller reports it.
+template <typename EachRow>
+void WalkGridRows(int16_t index, AfterWalk after, EachRow eachRow) {
+  BusyPointer busy;
+  const TemplateCommand& command = TemplateCommandAt(index);
+  auto rows = CloneOfGridRecords();
+  Commands().CommandHitCount = 0;
+  const std::string field = FieldOf(command.ColumnNumber);
+  rows->MoveFirst();
+  // A walk from the first row never stands before it, so the end is the one
+  // place it stops.
+  while (!rows->IsEOF()) {
+    eachRow(command, field, *rows);
+    rows->MoveNext();
+  }
+  if (after == AfterWalk::RedrawGrid) RefreshGrid();
+  busy.Done();
+}
+
 }  // namespace
 
 TemplateCommandState& Commands() { return gCommands; }
@@ -63,75 +89,47 @@ TemplateCommand& TemplateCommandAt(int16_t k) {
 }
 
 void ApplyReplaceAll(int16_t& index) {
-  BusyPointer busy;
-  const TemplateCommand& command = TemplateCommandAt(index);
-  auto rows = CloneOfGridRecords();
-  Commands().CommandHitCount = 0;
-  const std::string field = FieldOf(command.ColumnNumber);
-  rows->MoveFirst();
-  while (!rows->IsEOF()) {
+  const auto replaceCell = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // Whole cells only: "12" does not touch "123". A Null cell is no match.
-    const auto value = rows->Value(field);
+    const auto value = rows.Value(field);
     if (value && *value == command.FindString) {
-      rows->SetValue(field, command.ReplacementString);
-      rows->Update();
+      rows.SetValue(field, command.ReplacementString);
+      rows.Update();
       Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
     }
-    rows->MoveNext();
-  }
-  RefreshGrid();
-  busy.Done();
+  };
+  WalkGridRows(index, AfterWalk::RedrawGrid, replaceCell);
 }
 
 void ApplyExcludeContaining(int16_t& index) {
-  BusyPointer busy;
-  const TemplateCommand& command = TemplateCommandAt(index);
-  auto rows = CloneOfGridRecords();
-  Commands().CommandHitCount = 0;
-  const std::string field = FieldOf(command.ColumnNumber);
-  rows->MoveFirst();
-  while (!rows->IsEOF()) {
+  const auto excludeWholeCellMatch = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // Despite its name the command compares the whole cell, as templates
     // saved so far expect.
-    const auto value = rows->Value(field);
-    if (value && *value == command.DeleteString) ExcludeCurrentRow(*rows);
-    rows->MoveNext();
-  }
-  busy.Done();
+    const auto value = rows.Value(field);
+    if (value && *value == command.DeleteString) ExcludeCurrentRow(rows);
+  };
+  WalkGridRows(index, AfterWalk::KeepGrid, excludeWholeCellMatch);
 }
 
 void ApplyExcludeStartingWith(int16_t& index) {
-  BusyPointer busy;
-  const TemplateCommand& command = TemplateCommandAt(index);
-  auto rows = CloneOfGridRecords();
-  Commands().CommandHitCount = 0;
-  const std::string field = FieldOf(command.ColumnNumber);
-  rows->MoveFirst();
-  while (!rows->IsEOF() && !rows->IsBOF()) {
+  const auto excludeCellStart = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // A Null cell cannot be cut: the invalid use of Null (94) goes to the caller.
-    const std::string value = rows->Text(field);
-    if (value.compare(0, command.DeleteString.size(), command.DeleteString) == 0) ExcludeCurrentRow(*rows);
-    rows->MoveNext();
-  }
-  busy.Done();
+    const std::string value = rows.Text(field);
+    if (value.compare(0, command.DeleteString.size(), command.DeleteString) == 0) ExcludeCurrentRow(rows);
+  };
+  WalkGridRows(index, AfterWalk::KeepGrid, excludeCellStart);
 }
 
 void ApplyExcludeRange(int16_t& index) {
-  BusyPointer busy;
-  const TemplateCommand& command = TemplateCommandAt(index);
-  auto rows = CloneOfGridRecords();
-  Commands().CommandHitCount = 0;
-  rows->MoveFirst();
-  while (!rows->IsEOF()) {
+  const auto excludeLineInRange = [](const TemplateCommand& command, const std::string&, Recordset& rows) {
     // LineNum is the input line, so a range stays right when rows are hidden.
-    const auto line = rows->Value("LineNum");
+    const auto line = rows.Value("LineNum");
     if (line) {
       const long number = std::stol(*line);
-      if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(*rows);
+      if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(rows);
     }
-    rows->MoveNext();
-  }
-  busy.Done();
+  };
+  WalkGridRows(index, AfterWalk::KeepGrid, excludeLineInRange);
 }
 
 std::string CommandLimitMessage() {
