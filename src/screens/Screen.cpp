@@ -13,4 +13,11 @@ void Screen::Hide() {
   if (ViewHidden) ViewHidden(*this);
 }
 
+void Screen::HandOverTo(Screen& next) {
+  next.Left = Left;
+  next.Top = Top;
+  next.Show();
+  Hide();
+}
+
 }  // namespace corvalin

@@ -23,6 +23,9 @@ class Screen {
 
   void Show();
   void Hide();
+  // The wizard's step to another screen: it opens where this one stands,
+  // comes to the front, and this one goes.
+  void HandOverTo(Screen& next);
   bool Visible() const { return visible_; }
 
   int Left = 0;

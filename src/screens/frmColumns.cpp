@@ -405,21 +405,14 @@ void frmColumns::cmdNext_Click() {
     PrepareDatabase();
     frmHeaders& headers = App().Headers();
     headers.cmdNext.Caption = App().Template().chkEditStandListFile.Checked() ? "Next >>" : "Done";
-    headers.Left = Left;
-    headers.Top = Top;
-    headers.Show();
-    Hide();
+    HandOverTo(headers);
   });
 }
 
 void frmColumns::cmdBack_Click() {
   RunEvent([&] {
     UI().SetBusyPointer(true);
-    frmTemplate& templateScreen = App().Template();
-    templateScreen.Left = Left;
-    templateScreen.Top = Top;
-    templateScreen.Show();
-    Hide();
+    HandOverTo(App().Template());
     UI().SetBusyPointer(false);
   });
 }
@@ -435,16 +428,11 @@ void frmColumns::cmdFinish_Click() {
     headers.Top = Top;
     if (ValidateTable(headers)) {
       RunTranslation();
-      Screen* next = nullptr;
-      if (App().Template().chkEditStandListFile.Checked() && headers.StandListScreen) next = headers.StandListScreen();
-      if (next == nullptr) next = &App().Template();
-      next->Left = Left;
-      next->Top = Top;
-      next->Show();
+      HandOverTo(headers.ScreenAfterTranslation());
     } else {
       headers.Show();
+      Hide();
     }
-    Hide();
   });
 }
 

@@ -532,17 +532,16 @@ void frmHeaders::cmdNext_Click() {
     UI().SetBusyPointer(true);
     // Once translated with nothing touched since, Next leaves at once.
     const bool ready = Run().TranslationDone || (ValidateTable(*this) && RunTranslation());
-    if (ready) {
-      Screen* next = nullptr;
-      if (App().Template().chkEditStandListFile.Checked() && StandListScreen) next = StandListScreen();
-      if (next == nullptr) next = &App().Template();
-      next->Left = Left;
-      next->Top = Top;
-      next->Show();
-      Hide();
-    }
+    if (ready) HandOverTo(ScreenAfterTranslation());
     UI().SetBusyPointer(false);
   });
+}
+
+Screen& frmHeaders::ScreenAfterTranslation() {
+  Screen* next = nullptr;
+  if (App().Template().chkEditStandListFile.Checked() && StandListScreen) next = StandListScreen();
+  if (next == nullptr) next = &App().Template();
+  return *next;
 }
 
 void frmHeaders::cmdBack_Click() {
@@ -554,10 +553,7 @@ void frmHeaders::cmdBack_Click() {
     } else {
       target = &App().Columns();
     }
-    target->Left = Left;
-    target->Top = Top;
-    target->Show();
-    Hide();
+    HandOverTo(*target);
     UI().SetBusyPointer(false);
   });
 }

@@ -161,6 +161,9 @@ class frmHeaders : public Screen {
   // too. Set by whoever owns that screen; without it Next goes back to the
   // first screen.
   std::function<Screen*()> StandListScreen;
+  // Where the wizard goes after a translation: the stand list screen when
+  // stand list files are edited too and there is one, else the first screen.
+  Screen& ScreenAfterTranslation();
   // Opens the damage/severity dialog over the current row's cell of
   // ButtonColumn, preloaded from the cell's text.
   void OpenDamageSeverityDialog(const std::string& cellText);
