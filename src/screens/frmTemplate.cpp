@@ -63,6 +63,55 @@ std::size_t InStrBlank(const std::string& text, std::size_t start) {
   return at == std::string::npos ? 0 : at + 1;
 }
 
+// Only the input is opened to check it; the other files are taken by name
+// (the output may not exist yet).
+enum class FileCheck { OpenForInput, NameOnly };
+// The column and grid screens hold what they read through the input and
+// output files: a change of either unloads them.
+enum class FileFeedsGrid { No, Yes };
+
+// One of the screen's file labels and its partner, the file it may not be.
+struct FileLabel {
+  Label& label;
+  const Label& partner;
+  bool& valid;
+  const char* sameAsPartner;
+  const char* cannotOpen;
+  FileCheck check;
+  FileFeedsGrid feedsGrid;
+};
+
+// What a file label does with its new caption. An empty caption leaves the
+// file unset; the partner's file is refused with a message and then
+// refuseSame; the "no input file" marker is no file and changes nothing. Any
+// failure leaves the file unset and the label red, with cannotOpen shown.
+template <typename RefuseSame>
+void TakeFileLabel(frmTemplate& screen, const FileLabel& file, RefuseSame refuseSame) {
+  try {
+    const std::string& caption = file.label.Caption;
+    if (caption.empty()) {
+      file.valid = false;
+    } else if (caption == file.partner.Caption) {
+      ShowMessage(file.sameAsPartner);
+      refuseSame();
+    } else if (file.check == FileCheck::NameOnly || caption != NoInputFileMarker) {
+      if (file.check == FileCheck::OpenForInput) TestOpenForInput(caption);
+      file.valid = true;
+      file.label.Red = false;
+    }
+    if (file.feedsGrid == FileFeedsGrid::Yes) {
+      App().UnloadColumns();
+      App().UnloadHeaders();
+    }
+    screen.UpdateNextButtons();
+  } catch (const std::exception&) {
+    file.valid = false;
+    file.label.Red = true;
+    ShowMessage(file.cannotOpen);
+    screen.UpdateNextButtons();
+  }
+}
+
 }  // namespace
 
 frmTemplate::frmTemplate() {
@@ -238,105 +287,42 @@ void frmTemplate::UpdateNextButtons() {
 }
 
 void frmTemplate::lblInputFile_Change() {
-  RunState& run = Run();
-  try {
-    run.InputPreviewLoaded = false;
-    const std::string& caption = lblInputFile.Caption;
-    if (caption.empty()) {
-      run.InputFileValid = false;
-    } else if (caption == lblOutputFile.Caption) {
-      ShowMessage("Input and output cannot be the same file.");
-      lblInputFile.SetCaption("");
-    } else if (caption != NoInputFileMarker) {
-      TestOpenForInput(caption);
-      run.InputFileValid = true;
-      lblInputFile.Red = false;
-    }
-    App().UnloadColumns();
-    App().UnloadHeaders();
-    UpdateNextButtons();
-  } catch (const std::exception&) {
-    run.InputFileValid = false;
-    lblInputFile.Red = true;
-    ShowMessage("Can't open input file.");
-    UpdateNextButtons();
-  }
+  Run().InputPreviewLoaded = false;
+  TakeFileLabel(*this,
+                {lblInputFile, lblOutputFile, Run().InputFileValid, "Input and output cannot be the same file.",
+                 "Can't open input file.", FileCheck::OpenForInput, FileFeedsGrid::Yes},
+                [this] { lblInputFile.SetCaption(""); });
 }
 
 void frmTemplate::lblOutputFile_Change() {
-  RunState& run = Run();
-  try {
-    const std::string& caption = lblOutputFile.Caption;
-    if (caption.empty()) {
-      run.OutputFileValid = false;
-    } else if (caption == lblInputFile.Caption) {
-      ShowMessage("Input and output cannot be the same file.");
-      lblOutputFile.SetCaption("");
-    } else {
-      // The output may not exist yet: any name is taken here.
-      run.OutputFileValid = true;
-      lblOutputFile.Red = false;
-    }
-    App().UnloadColumns();
-    App().UnloadHeaders();
-    UpdateNextButtons();
-  } catch (const std::exception&) {
-    run.OutputFileValid = false;
-    lblOutputFile.Red = true;
-    ShowMessage("Can't open output file.");
-    UpdateNextButtons();
-  }
+  TakeFileLabel(*this,
+                {lblOutputFile, lblInputFile, Run().OutputFileValid, "Input and output cannot be the same file.",
+                 "Can't open output file.", FileCheck::NameOnly, FileFeedsGrid::Yes},
+                [this] { lblOutputFile.SetCaption(""); });
 }
 
+// frmSlf and frmLocation, the stand list and location editors, are unloaded
+// on a change of their file once they are part of the program; until then
+// nothing holds a stale stand list or location file.
 void frmTemplate::lblSlfFile_Change() {
-  RunState& run = Run();
-  try {
-    const std::string& caption = lblSlfFile.Caption;
-    if (caption.empty()) {
-      run.StandListFileValid = false;
-    } else if (caption == lblLocationsFile.Caption) {
-      ShowMessage("Stand List File and Location File cannot be the same.");
-      // The caption is emptied through the screen's controls by the name
-      // "lblStandListFile", which is not a control of this screen: the
-      // lookup fails, and the caption keeps its text and turns red.
-      Raise(730, "frmTemplate", "Control 'lblStandListFile' not found");
-    } else {
-      run.StandListFileValid = true;
-      lblSlfFile.Red = false;
-    }
-    // frmSlf, the stand list editor, is unloaded here once it is part of the
-    // program; until then nothing holds a stale stand list.
-    UpdateNextButtons();
-  } catch (const std::exception&) {
-    run.StandListFileValid = false;
-    lblSlfFile.Red = true;
-    ShowMessage("Can't open Stand List File.");
-    UpdateNextButtons();
-  }
+  TakeFileLabel(*this,
+                {lblSlfFile, lblLocationsFile, Run().StandListFileValid,
+                 "Stand List File and Location File cannot be the same.", "Can't open Stand List File.",
+                 FileCheck::NameOnly, FileFeedsGrid::No},
+                [] {
+                  // The caption is emptied through the screen's controls by the name
+                  // "lblStandListFile", which is not a control of this screen: the
+                  // lookup fails, and the caption keeps its text and turns red.
+                  Raise(730, "frmTemplate", "Control 'lblStandListFile' not found");
+                });
 }
 
 void frmTemplate::lblLocationsFile_Change() {
-  RunState& run = Run();
-  try {
-    const std::string& caption = lblLocationsFile.Caption;
-    if (caption.empty()) {
-      run.LocationFileValid = false;
-    } else if (caption == lblSlfFile.Caption) {
-      ShowMessage("Stand List File and Location File cannot be the same.");
-      lblLocationsFile.SetCaption("");
-    } else {
-      run.LocationFileValid = true;
-      lblLocationsFile.Red = false;
-    }
-    // frmLocation, the location editor, is unloaded here once it is part of
-    // the program.
-    UpdateNextButtons();
-  } catch (const std::exception&) {
-    run.LocationFileValid = false;
-    lblLocationsFile.Red = true;
-    ShowMessage("Can't open location file.");
-    UpdateNextButtons();
-  }
+  TakeFileLabel(*this,
+                {lblLocationsFile, lblSlfFile, Run().LocationFileValid,
+                 "Stand List File and Location File cannot be the same.", "Can't open location file.",
+                 FileCheck::NameOnly, FileFeedsGrid::No},
+                [this] { lblLocationsFile.SetCaption(""); });
 }
 
 void frmTemplate::cmbTemplate_Click() {
