@@ -1,5 +1,7 @@
 #include "translation/TreeRecord.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -165,67 +167,38 @@ std::string CrownRatioField(std::string_view cell, std::string_view unitsCrownRa
   return "9";
 }
 
-bool IsLengthUnitName(std::string_view units) {
-  return units == "yards" || units == "feet" || units == "inches" || units == "m" || units == "dm" ||
-         units == "cm" || units == "mm";
-}
+namespace {
+
+// The seven length units; each factor table below follows their order.
+constexpr std::array<std::string_view, 7> kLengthUnitNames = {"yards", "feet", "inches", "m", "dm", "cm", "mm"};
+using UnitFactorTable = std::array<double, kLengthUnitNames.size()>;
 
 // The factors are the constants of the tree list format as the model's tools
 // have always used them, digits and all; they are not to be derived anew.
-double BcCentimetreFactor(std::string_view units) {
-  if (units == "yards") return 91.44018;
-  if (units == "feet") return 30.48006;
-  if (units == "inches") return 2.540005;
-  if (units == "m") return 100;
-  if (units == "dm") return 10;
-  if (units == "cm") return 1;
-  if (units == "mm") return 0.1;
+constexpr UnitFactorTable kBcCentimetre = {91.44018, 30.48006, 2.540005, 100, 10, 1, 0.1};
+constexpr UnitFactorTable kBcMetre = {0.9144018, 0.3048006, 0.02540005, 1, 0.1, 0.01, 0.001};
+constexpr UnitFactorTable kUsTenthInch = {360, 120, 10, 393.700012, 39.3700012, 3.93700012, 0.393700012};
+constexpr UnitFactorTable kUsFoot = {3, 1, 0.083333333, 3.28083, 0.328083, 0.0328083, 0.00328083};
+constexpr UnitFactorTable kUsTenthFoot = {30, 10, 0.83333333, 32.8083, 3.28083, 0.328083, 0.0328083};
+
+// The factor of the named unit, by exact comparison; 0 for any other name.
+double FactorOf(std::string_view units, const UnitFactorTable& factors) {
+  for (std::size_t i = 0; i < kLengthUnitNames.size(); ++i)
+    if (units == kLengthUnitNames[i]) return factors[i];
   return 0;
 }
 
-double BcMetreFactor(std::string_view units) {
-  if (units == "yards") return 0.9144018;
-  if (units == "feet") return 0.3048006;
-  if (units == "inches") return 0.02540005;
-  if (units == "m") return 1;
-  if (units == "dm") return 0.1;
-  if (units == "cm") return 0.01;
-  if (units == "mm") return 0.001;
-  return 0;
+}  // namespace
+
+bool IsLengthUnitName(std::string_view units) {
+  return std::find(kLengthUnitNames.begin(), kLengthUnitNames.end(), units) != kLengthUnitNames.end();
 }
 
-double UsTenthInchFactor(std::string_view units) {
-  if (units == "yards") return 360;
-  if (units == "feet") return 120;
-  if (units == "inches") return 10;
-  if (units == "m") return 393.700012;
-  if (units == "dm") return 39.3700012;
-  if (units == "cm") return 3.93700012;
-  if (units == "mm") return 0.393700012;
-  return 0;
-}
-
-double UsFootFactor(std::string_view units) {
-  if (units == "yards") return 3;
-  if (units == "feet") return 1;
-  if (units == "inches") return 0.083333333;
-  if (units == "m") return 3.28083;
-  if (units == "dm") return 0.328083;
-  if (units == "cm") return 0.0328083;
-  if (units == "mm") return 0.00328083;
-  return 0;
-}
-
-double UsTenthFootFactor(std::string_view units) {
-  if (units == "yards") return 30;
-  if (units == "feet") return 10;
-  if (units == "inches") return 0.83333333;
-  if (units == "m") return 32.8083;
-  if (units == "dm") return 3.28083;
-  if (units == "cm") return 0.328083;
-  if (units == "mm") return 0.0328083;
-  return 0;
-}
+double BcCentimetreFactor(std::string_view units) { return FactorOf(units, kBcCentimetre); }
+double BcMetreFactor(std::string_view units) { return FactorOf(units, kBcMetre); }
+double UsTenthInchFactor(std::string_view units) { return FactorOf(units, kUsTenthInch); }
+double UsFootFactor(std::string_view units) { return FactorOf(units, kUsFoot); }
+double UsTenthFootFactor(std::string_view units) { return FactorOf(units, kUsTenthFoot); }
 
 RecordSetup BcRecordSetup(const RunState& state) {
   RecordSetup setup = ColumnsOf(state);
