@@ -48,6 +48,24 @@ constexpr std::array<LengthType, 5> kLengthTypes = {{
      "Must specify units for Periodic Height Inc. column.", "Invalid units for Periodic DBH Inc. column."},
 }};
 
+// The types measured on a scale of their own rather than in a length unit:
+// each takes one of two scales.
+struct ScaleType {
+  const char* type;
+  int16_t RunState::*column;
+  std::string RunState::*units;
+  const char* mustSpecify;
+  const char* invalid;
+  std::array<const char*, 2> scales;
+};
+
+constexpr std::array<ScaleType, 2> kScaleTypes = {{
+    {"Crown Ratio", &RunState::ColCrownRatio, &RunState::UnitsCrownRatio,
+     "Must specify units for Crown Ratio column.", "Invalid units for Crown Ratio column.", {"codes", "%"}},
+    {"Plot Slope", &RunState::ColPlotSlope, &RunState::UnitsPlotSlope, "Must specify units for Plot Slope column.",
+     "Invalid units for Plot Slope column.", {"degrees", "%"}},
+}};
+
 struct IndexOnlyType {
   const char* type;
   int16_t RunState::*column;
@@ -83,6 +101,10 @@ constexpr std::array<int16_t RunState::*, 21> kAllIndexes = {
 // The column pass for one heading: false after a reported fault.
 bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, const std::string& units) {
   RunState& run = Run();
+  const auto faultAtColumn = [&](const char* text) {
+    headers.SelectGridColumn(i);
+    return Fault(text);
+  };
   if (type == UnassignedColumn) return true;
   for (const IndexOnlyType& t : kIndexOnlyTypes) {
     if (type != t.type) continue;
@@ -92,51 +114,23 @@ bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, co
   for (const LengthType& t : kLengthTypes) {
     if (type != t.type) continue;
     run.*t.column = i;
-    if (units == UnassignedUnits) {
-      headers.SelectGridColumn(i);
-      return Fault(t.mustSpecify);
-    }
-    if (units == "degrees" || units == "%" || units == "codes") {
-      headers.SelectGridColumn(i);
-      return Fault(t.invalid);
-    }
-    if (!headers.IsUnitsOfMeasurementSystem(units)) {
-      headers.SelectGridColumn(i);
-      return Fault("Incorrect units (metric/imperial).");
-    }
+    if (units == UnassignedUnits) return faultAtColumn(t.mustSpecify);
+    if (units == "degrees" || units == "%" || units == "codes") return faultAtColumn(t.invalid);
+    if (!headers.IsUnitsOfMeasurementSystem(units)) return faultAtColumn("Incorrect units (metric/imperial).");
     run.*t.units = units;
     return true;
   }
-  if (type == "Crown Ratio") {
-    run.ColCrownRatio = i;
-    if (units == UnassignedUnits) {
-      headers.SelectGridColumn(i);
-      return Fault("Must specify units for Crown Ratio column.");
-    }
-    if (units != "codes" && units != "%") {
-      headers.SelectGridColumn(i);
-      return Fault("Invalid units for Crown Ratio column.");
-    }
-    run.UnitsCrownRatio = units;
-    return true;
-  }
-  if (type == "Plot Slope") {
-    run.ColPlotSlope = i;
-    if (units == UnassignedUnits) {
-      headers.SelectGridColumn(i);
-      return Fault("Must specify units for Plot Slope column.");
-    }
-    if (units != "degrees" && units != "%") {
-      headers.SelectGridColumn(i);
-      return Fault("Invalid units for Plot Slope column.");
-    }
-    run.UnitsPlotSlope = units;
+  for (const ScaleType& t : kScaleTypes) {
+    if (type != t.type) continue;
+    run.*t.column = i;
+    if (units == UnassignedUnits) return faultAtColumn(t.mustSpecify);
+    if (units != t.scales[0] && units != t.scales[1]) return faultAtColumn(t.invalid);
+    run.*t.units = units;
     return true;
   }
   return Fault("ERROR - unknown column type.");
 }
 
-// The cell checks of one row taking part, in their fixed order.
 // The fields c1..c30 of the row set, found once for the whole row pass.
 struct CellFields {
   explicit CellFields(const Recordset& rows) : rows_(rows) {
@@ -153,6 +147,33 @@ struct CellFields {
   std::array<int, 31> index_{};
 };
 
+// The checks of one cell each that follow the diameter, in their order; each
+// fault selects the row.
+struct CellCheck {
+  int16_t RunState::*column;
+  bool (*valid)(std::string_view cell);
+  const char* message;
+};
+
+constexpr std::array<CellCheck, 15> kCellChecks = {{
+    {&RunState::ColDbhInc, IsDecimalText, "Invalid Periodic DBH Inc. value."},
+    {&RunState::ColTotalHeight, IsDecimalText, "Invalid Total Height value."},
+    {&RunState::ColTopkillHeight, IsDecimalText, "Invalid Height to Topkill value."},
+    {&RunState::ColHeightInc, IsDecimalText, "Invalid Periodic Height Inc. value."},
+    {&RunState::ColCrownRatio, IsValidCrownRatio, "Invalid Crown Ratio Code."},
+    {&RunState::ColDamage1, IsValidDamageSeverityPair, "Invalid Damage Severity Pair - 1."},
+    {&RunState::ColDamage2, IsValidDamageSeverityPair, "Invalid Damage Severity Pair - 2."},
+    {&RunState::ColDamage3, IsValidDamageSeverityPair, "Invalid Damage Severity Pair - 3."},
+    {&RunState::ColTreeValue, IsValidTreeValue, "Invalid Tree Value Code."},
+    {&RunState::ColPrescription, IsValidPrescription, "Invalid Cut or Leave Prescription Code."},
+    {&RunState::ColPlotSlope, IsDecimalText, "Invalid Plot Slope value."},
+    {&RunState::ColPlotAspect, IsDecimalText, "Invalid Plot Aspect value."},
+    {&RunState::ColHabitatType, IsValidHabitatType, "Invalid Plot US Habitat Type value."},
+    {&RunState::ColTopoPosition, IsValidTopoPosition, "Invalid Plot Topographical Code."},
+    {&RunState::ColSitePreparation, IsValidSitePreparation, "Invalid Plot Site Preparation Code."},
+}};
+
+// The cell checks of one row taking part, in their fixed order.
 bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
   const RunState& run = Run();
   // The cell's text as it stands; a Null cannot be read as text.
@@ -165,11 +186,6 @@ bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
     headers.SelectGridRow(rows.GetBookmark());
     return Fault(text);
   };
-  struct DecimalCheck {
-    int16_t RunState::*column;
-    const char* message;
-  };
-
   if (run.ColPlotId != -1 && TrimBlanks(cell(run.ColPlotId)).empty()) return faultAtRow("Invalid Plot Id.");
   // The next three leave the selection where it is.
   if (run.ColTreeId != -1 && TrimBlanks(cell(run.ColTreeId)).empty()) return Fault("Invalid Tree Id.");
@@ -190,35 +206,10 @@ bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
     if (TrimBlanks(dbh).empty()) return faultAtRow("DBH value is required.");
     if (!IsDecimalText(dbh)) return faultAtRow("Invalid DBH value.");
   }
-  for (const DecimalCheck& check : {DecimalCheck{&RunState::ColDbhInc, "Invalid Periodic DBH Inc. value."},
-                                    DecimalCheck{&RunState::ColTotalHeight, "Invalid Total Height value."},
-                                    DecimalCheck{&RunState::ColTopkillHeight, "Invalid Height to Topkill value."},
-                                    DecimalCheck{&RunState::ColHeightInc, "Invalid Periodic Height Inc. value."}}) {
+  for (const CellCheck& check : kCellChecks) {
     const int16_t column = run.*check.column;
-    if (column != -1 && !IsDecimalText(cell(column))) return faultAtRow(check.message);
+    if (column != -1 && !check.valid(cell(column))) return faultAtRow(check.message);
   }
-  if (run.ColCrownRatio != -1 && !IsValidCrownRatio(cell(run.ColCrownRatio)))
-    return faultAtRow("Invalid Crown Ratio Code.");
-  if (run.ColDamage1 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage1)))
-    return faultAtRow("Invalid Damage Severity Pair - 1.");
-  if (run.ColDamage2 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage2)))
-    return faultAtRow("Invalid Damage Severity Pair - 2.");
-  if (run.ColDamage3 != -1 && !IsValidDamageSeverityPair(cell(run.ColDamage3)))
-    return faultAtRow("Invalid Damage Severity Pair - 3.");
-  if (run.ColTreeValue != -1 && !IsValidTreeValue(cell(run.ColTreeValue)))
-    return faultAtRow("Invalid Tree Value Code.");
-  if (run.ColPrescription != -1 && !IsValidPrescription(cell(run.ColPrescription)))
-    return faultAtRow("Invalid Cut or Leave Prescription Code.");
-  if (run.ColPlotSlope != -1 && !IsDecimalText(cell(run.ColPlotSlope)))
-    return faultAtRow("Invalid Plot Slope value.");
-  if (run.ColPlotAspect != -1 && !IsDecimalText(cell(run.ColPlotAspect)))
-    return faultAtRow("Invalid Plot Aspect value.");
-  if (run.ColHabitatType != -1 && !IsValidHabitatType(cell(run.ColHabitatType)))
-    return faultAtRow("Invalid Plot US Habitat Type value.");
-  if (run.ColTopoPosition != -1 && !IsValidTopoPosition(cell(run.ColTopoPosition)))
-    return faultAtRow("Invalid Plot Topographical Code.");
-  if (run.ColSitePreparation != -1 && !IsValidSitePreparation(cell(run.ColSitePreparation)))
-    return faultAtRow("Invalid Plot Site Preparation Code.");
   return true;
 }
 
