@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "columns/CellRules.h"
 #include "columns/DamageSeverity.h"
@@ -25,41 +26,31 @@ bool Fault(const std::string& text) {
   return false;
 }
 
-struct LengthType {
+// The types that carry units. A length takes a length unit of the grid's
+// measurement system; the others are measured on a scale of their own and
+// take one of their two scales.
+struct UnitType {
   const char* type;
   int16_t RunState::*column;
   std::string RunState::*units;
   const char* mustSpecify;
   const char* invalid;
+  std::array<std::string_view, 2> scales;  // none for a length
 };
 
 // The height increment's bad unit reports the diameter increment's words:
 // users and their scripts know this message as it stands.
-constexpr std::array<LengthType, 5> kLengthTypes = {{
+constexpr std::array<UnitType, 7> kUnitTypes = {{
     {"DBH", &RunState::ColDbh, &RunState::UnitsDbh, "Must specify units for DBH column.",
-     "Invalid units for DBH column."},
+     "Invalid units for DBH column.", {}},
     {"Periodic DBH Inc.", &RunState::ColDbhInc, &RunState::UnitsDbhInc,
-     "Must specify units for Periodic DBH Inc. column.", "Invalid units for Periodic DBH Inc. column."},
+     "Must specify units for Periodic DBH Inc. column.", "Invalid units for Periodic DBH Inc. column.", {}},
     {"Total Height", &RunState::ColTotalHeight, &RunState::UnitsTotalHeight,
-     "Must specify units for Total Height column.", "Invalid units for Total Height column."},
+     "Must specify units for Total Height column.", "Invalid units for Total Height column.", {}},
     {"Height to Topkill", &RunState::ColTopkillHeight, &RunState::UnitsTopkillHeight,
-     "Must specify units for Height to Topkill column.", "Invalid units for Height to Topkill column."},
+     "Must specify units for Height to Topkill column.", "Invalid units for Height to Topkill column.", {}},
     {"Periodic Height Inc.", &RunState::ColHeightInc, &RunState::UnitsHeightInc,
-     "Must specify units for Periodic Height Inc. column.", "Invalid units for Periodic DBH Inc. column."},
-}};
-
-// The types measured on a scale of their own rather than in a length unit:
-// each takes one of two scales.
-struct ScaleType {
-  const char* type;
-  int16_t RunState::*column;
-  std::string RunState::*units;
-  const char* mustSpecify;
-  const char* invalid;
-  std::array<const char*, 2> scales;
-};
-
-constexpr std::array<ScaleType, 2> kScaleTypes = {{
+     "Must specify units for Periodic Height Inc. column.", "Invalid units for Periodic DBH Inc. column.", {}},
     {"Crown Ratio", &RunState::ColCrownRatio, &RunState::UnitsCrownRatio,
      "Must specify units for Crown Ratio column.", "Invalid units for Crown Ratio column.", {"codes", "%"}},
     {"Plot Slope", &RunState::ColPlotSlope, &RunState::UnitsPlotSlope, "Must specify units for Plot Slope column.",
@@ -111,20 +102,17 @@ bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, co
     run.*t.column = i;
     return true;
   }
-  for (const LengthType& t : kLengthTypes) {
+  for (const UnitType& t : kUnitTypes) {
     if (type != t.type) continue;
     run.*t.column = i;
     if (units == UnassignedUnits) return faultAtColumn(t.mustSpecify);
-    if (units == "degrees" || units == "%" || units == "codes") return faultAtColumn(t.invalid);
-    if (!headers.IsUnitsOfMeasurementSystem(units)) return faultAtColumn("Incorrect units (metric/imperial).");
-    run.*t.units = units;
-    return true;
-  }
-  for (const ScaleType& t : kScaleTypes) {
-    if (type != t.type) continue;
-    run.*t.column = i;
-    if (units == UnassignedUnits) return faultAtColumn(t.mustSpecify);
-    if (units != t.scales[0] && units != t.scales[1]) return faultAtColumn(t.invalid);
+    const bool isLength = t.scales[0].empty();
+    if (isLength) {
+      if (units == "degrees" || units == "%" || units == "codes") return faultAtColumn(t.invalid);
+      if (!headers.IsUnitsOfMeasurementSystem(units)) return faultAtColumn("Incorrect units (metric/imperial).");
+    } else if (units != t.scales[0] && units != t.scales[1]) {
+      return faultAtColumn(t.invalid);
+    }
     run.*t.units = units;
     return true;
   }
@@ -250,7 +238,7 @@ bool ValidateTable(frmHeaders& headers) {
   if (run.ColSpecies == -1) return Fault("Species column is required.");
   if (run.ColDbh == -1) return Fault("DBH column is required.");
 
-  if (!headers.Adodc1.Recordset) Raise(91, "Corvalin", "Object variable or With block variable not set");
+  if (!headers.Adodc1.Recordset) Raise(err::ObjectNotSet);
   auto rows = headers.Adodc1.Recordset->Clone();
   std::array<bool, 31> columnAssigned{};
   for (int16_t i = 1; i <= columnCount; i = Inc16(i))

@@ -3,6 +3,7 @@
 #include "columns/DamageSeverity.h"
 #include "screens/Application.h"
 #include "screens/frmHeaders.h"
+#include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
@@ -70,7 +71,7 @@ std::string frmDamageSeverity::CellText() const {
 void frmDamageSeverity::cmdOk_Click() {
   RunEvent([&] {
     frmHeaders& headers = App().Headers();
-    if (!headers.Adodc1.Recordset) Raise(91, "Corvalin", "Object variable or With block variable not set");
+    if (!headers.Adodc1.Recordset) Raise(err::ObjectNotSet);
     Recordset& rows = *headers.Adodc1.Recordset;
     rows.SetValue("c" + std::to_string(headers.ButtonColumn), CellText());
     rows.Update();

@@ -56,7 +56,18 @@ void SaveColumnSetting(const std::string& key, int column, const std::string& va
   SaveSetting(SettingsApplication, kSettingsSection, key + std::to_string(column), value);
 }
 
-[[noreturn]] void RaiseUnboundGrid() { Raise(91, "Corvalin", "Object variable or With block variable not set"); }
+[[noreturn]] void RaiseUnboundGrid() { Raise(err::ObjectNotSet); }
+
+// The buttons that validate or translate need rows: without any the person is
+// told so, and nothing else happens.
+bool GridHasRows(const frmHeaders& headers, const char* noRowsText) {
+  if (!headers.Adodc1.Recordset) RaiseUnboundGrid();
+  if (headers.Adodc1.Recordset->RecordCount() == 0) {
+    ShowMessage(noRowsText);
+    return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -497,11 +508,7 @@ void frmHeaders::chkShowExcludedRows_Click() {
 
 void frmHeaders::cmdValidate_Click() {
   RunEvent([&] {
-    if (!Adodc1.Recordset) RaiseUnboundGrid();
-    if (Adodc1.Recordset->RecordCount() == 0) {
-      ShowMessage("No data to validate.");
-      return;
-    }
+    if (!GridHasRows(*this, "No data to validate.")) return;
     UI().SetBusyPointer(true);
     const bool valid = ValidateTable(*this);
     UI().SetBusyPointer(false);
@@ -511,11 +518,7 @@ void frmHeaders::cmdValidate_Click() {
 
 void frmHeaders::cmdFinish_Click() {
   RunEvent([&] {
-    if (!Adodc1.Recordset) RaiseUnboundGrid();
-    if (Adodc1.Recordset->RecordCount() == 0) {
-      ShowMessage("No data to translate.");
-      return;
-    }
+    if (!GridHasRows(*this, "No data to translate.")) return;
     UI().SetBusyPointer(true);
     if (ValidateTable(*this)) RunTranslation();
     UI().SetBusyPointer(false);
@@ -524,11 +527,7 @@ void frmHeaders::cmdFinish_Click() {
 
 void frmHeaders::cmdNext_Click() {
   RunEvent([&] {
-    if (!Adodc1.Recordset) RaiseUnboundGrid();
-    if (Adodc1.Recordset->RecordCount() == 0) {
-      ShowMessage("No data to translate.");
-      return;
-    }
+    if (!GridHasRows(*this, "No data to translate.")) return;
     UI().SetBusyPointer(true);
     // Once translated with nothing touched since, Next leaves at once.
     const bool ready = Run().TranslationDone || (ValidateTable(*this) && RunTranslation());

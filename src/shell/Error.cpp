@@ -17,6 +17,7 @@ std::string StandardDescription(int number) {
     case err::PermissionDenied: return "Permission denied";
     case err::PathFileAccess: return "Path/File access error";
     case err::PathNotFound: return "Path not found";
+    case err::ObjectNotSet: return "Object variable or With block variable not set";
     case err::InvalidUseOfNull: return "Invalid use of Null";
     case err::ObjectClosed: return "Operation is not allowed when the object is closed.";
     case err::ObjectOpen: return "Operation is not allowed when the object is open.";

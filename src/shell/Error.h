@@ -23,6 +23,7 @@ constexpr int DiskFull = 61;
 constexpr int PermissionDenied = 70;
 constexpr int PathFileAccess = 75;
 constexpr int PathNotFound = 76;
+constexpr int ObjectNotSet = 91;  // the grid has no rows bound to it yet
 constexpr int InvalidUseOfNull = 94;
 constexpr int ObjectClosed = 3704;   // the database connection is closed
 constexpr int ObjectOpen = 3705;     // the database connection is already open

@@ -21,7 +21,7 @@ TemplateCommandState gCommands;
 // first clone fails as an unset object does.
 std::shared_ptr<Recordset> CloneOfGridRecords() {
   const std::shared_ptr<Recordset>& rows = App().Headers().Adodc1.Recordset;
-  if (!rows) Raise(91, "Corvalin", "Object variable or With block variable not set");
+  if (!rows) Raise(err::ObjectNotSet);
   return rows->Clone();
 }
 
