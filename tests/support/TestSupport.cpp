@@ -128,6 +128,15 @@ std::filesystem::path PutEmptyWorkingTable() {
   return target;
 }
 
+int ErrorNumberRaisedBy(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
 std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   std::ostringstream out;

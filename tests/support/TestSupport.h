@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -48,6 +49,10 @@ class WorkingTable : public FreshProcess {
 // Puts a new copy of the installed empty working table in the Data folder as
 // TFT.mdb, replacing the one there, and gives its path.
 std::filesystem::path PutEmptyWorkingTable();
+
+// The number of the run-time error the action raises, or 0 when it raises
+// none.
+int ErrorNumberRaisedBy(const std::function<void()>& action);
 
 std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& bytes);

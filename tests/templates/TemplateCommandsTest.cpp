@@ -40,42 +40,50 @@ class TemplateCommandsTest : public testing::TableFixture {
     c.ColumnNumber = 1;
     return c;
   }
+  // Changes the working table behind the grid's back, then loads the grid
+  // screen over it again.
+  static void ChangeTableAndReloadTheGrid(const std::string& statement) {
+    Sql(statement);
+    OpenDatabase();
+    App().UnloadAll();
+    LoadHeaders();
+  }
+  // Adds the command to the list, runs it on its own as its button would, and
+  // gives the number of rows it hit.
+  static int16_t HitsOf(const TemplateCommand& command) {
+    int16_t k = AddCommand(command);
+    if (command.CommandType == "REPLACE_ALL") ApplyReplaceAll(k);
+    if (command.CommandType == "EXCLUDE_CONTAINING") ApplyExcludeContaining(k);
+    if (command.CommandType == "EXCLUDE_STARTING_WITH") ApplyExcludeStartingWith(k);
+    if (command.CommandType == "EXCLUDE_RANGE") ApplyExcludeRange(k);
+    return Commands().CommandHitCount;
+  }
 };
 
 TEST_F(TemplateCommandsTest, ReplaceAllMatchesWholeCellsOnly) {
-  int16_t k = AddCommand(Replace("12", "X", 1));
-  ApplyReplaceAll(k);
-  EXPECT_EQ(Commands().CommandHitCount, 2);
+  EXPECT_EQ(HitsOf(Replace("12", "X", 1)), 2);
   EXPECT_EQ(CellOf(1, "c1"), "X");
   EXPECT_EQ(CellOf(2, "c1"), "123");
   EXPECT_EQ(CellOf(4, "c1"), "X");
 }
 
 TEST_F(TemplateCommandsTest, ReplaceAllWithEmptyFindStringFillsBlankCells) {
-  int16_t k = AddCommand(Replace("", "0", 1));
-  ApplyReplaceAll(k);
-  EXPECT_EQ(Commands().CommandHitCount, 2);
+  EXPECT_EQ(HitsOf(Replace("", "0", 1)), 2);
   EXPECT_EQ(CellOf(3, "c1"), "0");
   EXPECT_EQ(CellOf(5, "c1"), "0");
   EXPECT_EQ(CellOf(1, "c1"), "12");
 }
 
 TEST_F(TemplateCommandsTest, ReplaceAllWithEmptyReplacementClearsMatchingCells) {
-  int16_t k = AddCommand(Replace("PINE", "", 2));
-  ApplyReplaceAll(k);
-  EXPECT_EQ(Commands().CommandHitCount, 2);
+  EXPECT_EQ(HitsOf(Replace("PINE", "", 2)), 2);
   EXPECT_EQ(CellOf(1, "c2"), "");
   EXPECT_EQ(CellOf(5, "c2"), "");
   EXPECT_EQ(CellOf(3, "c2"), "pine");
 }
 
 TEST_F(TemplateCommandsTest, ReplaceAllTreatsExcludedRowsLikeAllOthers) {
-  Sql("update tft set Excluded = 'Y' where LineNum = 1");
-  OpenDatabase();
-  App().UnloadAll();
-  LoadHeaders();
-  int16_t k = AddCommand(Replace("12", "X", 1));
-  ApplyReplaceAll(k);
+  ChangeTableAndReloadTheGrid("update tft set Excluded = 'Y' where LineNum = 1");
+  HitsOf(Replace("12", "X", 1));
   EXPECT_EQ(CellOf(1, "c1"), "X");
 }
 
@@ -88,47 +96,33 @@ TEST_F(TemplateCommandsTest, SecondReplaceAllFindsTheTextOfTheFirstInReplay) {
 }
 
 TEST_F(TemplateCommandsTest, ExcludeContainingComparesTheWholeCellWithCase) {
-  int16_t k = AddCommand(Exclude("EXCLUDE_CONTAINING", "PINE", 2));
-  ApplyExcludeContaining(k);
-  EXPECT_EQ(Commands().CommandHitCount, 2);
+  EXPECT_EQ(HitsOf(Exclude("EXCLUDE_CONTAINING", "PINE", 2)), 2);
   EXPECT_EQ(ExcludedLines(), "1 5 ");
 }
 
 TEST_F(TemplateCommandsTest, ExcludeStartingWithComparesTheStartWithCase) {
-  int16_t k = AddCommand(Exclude("EXCLUDE_STARTING_WITH", "P", 2));
-  ApplyExcludeStartingWith(k);
-  EXPECT_EQ(Commands().CommandHitCount, 3);
+  EXPECT_EQ(HitsOf(Exclude("EXCLUDE_STARTING_WITH", "P", 2)), 3);
   EXPECT_EQ(ExcludedLines(), "1 4 5 ");
 }
 
 TEST_F(TemplateCommandsTest, ExcludeStartingWithEmptyTextMatchesEveryRow) {
-  int16_t k = AddCommand(Exclude("EXCLUDE_STARTING_WITH", "", 2));
-  ApplyExcludeStartingWith(k);
-  EXPECT_EQ(Commands().CommandHitCount, 5);
+  EXPECT_EQ(HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 2)), 5);
   EXPECT_EQ(ExcludedLines(), "1 2 3 4 5 ");
 }
 
 TEST_F(TemplateCommandsTest, ExcludeRangeUsesLineNumbersInclusive) {
-  int16_t k = AddCommand(Range(2, 4));
-  ApplyExcludeRange(k);
-  EXPECT_EQ(Commands().CommandHitCount, 3);
+  EXPECT_EQ(HitsOf(Range(2, 4)), 3);
   EXPECT_EQ(ExcludedLines(), "2 3 4 ");
 }
 
 TEST_F(TemplateCommandsTest, RangeWithStartAboveEndExcludesNothing) {
-  int16_t k = AddCommand(Range(4, 2));
-  ApplyExcludeRange(k);
-  EXPECT_EQ(Commands().CommandHitCount, 0);
+  EXPECT_EQ(HitsOf(Range(4, 2)), 0);
   EXPECT_EQ(ExcludedLines(), "");
 }
 
 TEST_F(TemplateCommandsTest, ExcludingARowTwiceCountsItOnce) {
-  int16_t k = AddCommand(Range(1, 2));
-  ApplyExcludeRange(k);
-  EXPECT_EQ(Commands().CommandHitCount, 2);
-  int16_t k2 = AddCommand(Range(2, 3));
-  ApplyExcludeRange(k2);
-  EXPECT_EQ(Commands().CommandHitCount, 1);
+  EXPECT_EQ(HitsOf(Range(1, 2)), 2);
+  EXPECT_EQ(HitsOf(Range(2, 3)), 1);
   EXPECT_EQ(ExcludedLines(), "1 2 3 ");
 }
 
@@ -145,52 +139,27 @@ TEST_F(TemplateCommandsTest, ReplayRunsCommandsInListOrderSoAReplacementCanMakeA
 }
 
 TEST_F(TemplateCommandsTest, ColumnNumberOutsideTheTableRaisesTheStoresError) {
-  int16_t k = AddCommand(Replace("12", "X", 31));
-  try {
-    ApplyReplaceAll(k);
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 3265);
-  }
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([] { HitsOf(Replace("12", "X", 31)); }), 3265);
 }
 
 TEST_F(TemplateCommandsTest, IndexOutsideOneToHundredIsASubscriptError) {
   int16_t k = 101;
-  try {
-    ApplyExcludeRange(k);
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 9);
-  }
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { ApplyExcludeRange(k); }), 9);
   int16_t zero = 0;
   EXPECT_THROW(ApplyReplaceAll(zero), RuntimeError);
 }
 
 TEST_F(TemplateCommandsTest, NullCellFailsExcludeStartingWithOnly) {
-  Sql("update tft set c3 = NULL");
-  OpenDatabase();
-  App().UnloadAll();
-  LoadHeaders();
-  int16_t k = AddCommand(Exclude("EXCLUDE_CONTAINING", "", 3));
-  ApplyExcludeContaining(k);
-  EXPECT_EQ(Commands().CommandHitCount, 0);
-  int16_t r = AddCommand(Replace("", "Z", 3));
-  ApplyReplaceAll(r);
-  EXPECT_EQ(Commands().CommandHitCount, 0);
-  int16_t s = AddCommand(Exclude("EXCLUDE_STARTING_WITH", "", 3));
-  try {
-    ApplyExcludeStartingWith(s);
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 94);
-  }
+  ChangeTableAndReloadTheGrid("update tft set c3 = NULL");
+  EXPECT_EQ(HitsOf(Exclude("EXCLUDE_CONTAINING", "", 3)), 0);
+  EXPECT_EQ(HitsOf(Replace("", "Z", 3)), 0);
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([] { HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 3)); }), 94);
 }
 
 TEST_F(TemplateCommandsTest, TheWalkLeavesTheGridsPositionAlone) {
   frmHeaders& headers = App().Headers();
   headers.Adodc1.Recordset->SetBookmark(3);
-  int16_t k = AddCommand(Range(1, 5));
-  ApplyExcludeRange(k);
+  HitsOf(Range(1, 5));
   EXPECT_EQ(headers.Adodc1.Recordset->GetBookmark(), 3);
 }
 
