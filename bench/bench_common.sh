@@ -1,6 +1,6 @@
 # Shared by the whole-process benchmarks: a scratch HOME with the Data and
 # Work folders set up, the environment of an unattended run without a
-# display, and hyperfine's median of a command. Source it; needs $build.
+# display, and hyperfine's median of a command. Source it, then bench_start.
 
 bench_setup_home() {
   home=$(mktemp -d /tmp/corvalin-bench.XXXXXX)
@@ -32,4 +32,15 @@ bench_require() {
     [[ -x $tool ]] || { echo "missing $tool: build it first" >&2; exit 1; }
   done
   command -v hyperfine >/dev/null || { echo "hyperfine is needed (apt-get install hyperfine)" >&2; exit 1; }
+}
+
+# bench_start GENERATOR [BUILD_DIR]: finds corvalin and the input generator
+# GENERATOR of the build dir (default "build"), checks that they and
+# hyperfine are there, and sets up the scratch HOME.
+bench_start() {
+  build=$(cd "${2:-build}" && pwd)
+  program="$build/bin/corvalin"
+  generator="$build/bench/$1"
+  bench_require "$program" "$generator"
+  bench_setup_home
 }

@@ -6,12 +6,8 @@
 # Usage: bench/run_load_bench.sh [BUILD_DIR]; needs corvalin and gen_tree_file.
 set -euo pipefail
 
-build=$(cd "${1:-build}" && pwd)
-program="$build/bin/corvalin"
-generator="$build/bench/gen_tree_file"
 source "$(dirname "$0")/bench_common.sh"
-bench_require "$program" "$generator"
-bench_setup_home
+bench_start gen_tree_file "${1:-build}"
 
 # A template with the comma format and one column named: no Plot ID.
 printf '[COLUMN_DELIMITERS]\r\nFixedWidth=NO\r\nComma=YES\r\nTextQualifier="\r\n[FORMAT_INFO]\r\nColumnHeader2=Tree ID\r\nColumnUnits2=\r\n' \

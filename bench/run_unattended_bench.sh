@@ -5,12 +5,8 @@
 # The build dir needs the targets corvalin and gen_translation_input.
 set -euo pipefail
 
-build=$(cd "${1:-build}" && pwd)
-program="$build/bin/corvalin"
-generator="$build/bench/gen_translation_input"
 source "$(dirname "$0")/bench_common.sh"
-bench_require "$program" "$generator"
-bench_setup_home
+bench_start gen_translation_input "${1:-build}"
 
 for lines in 1000 10000 32767; do
   "$generator" "$lines" "$home/trees$lines.csv" "$home/Work/bench.cnv"
