@@ -64,6 +64,15 @@ class ColumnsScreen : public testing::FreshProcess {
     return visible;
   }
 
+  // Presses and releases the mouse at each character position in turn: on
+  // the ruler, a click where no marker stands makes one.
+  static void ClickAt(frmColumns& screen, std::initializer_list<int> positions) {
+    for (int position : positions) {
+      screen.MouseDownAt(position);
+      screen.MouseUpAt(position);
+    }
+  }
+
   // Fixed width mode through the settings store, with no marker yet.
   frmColumns& LoadFixed(const std::string& text) {
     Setting("FixedWidth", "YES");
@@ -184,10 +193,7 @@ TEST_F(ColumnsScreen, FixedWidthTemplateDrawsNoMarkerAtTheFirstLoad) {
 TEST_F(ColumnsScreen, FixedWidthTemplateKeepsTheMarkersSetEarlierInTheRun) {
   UseTemplateWith({{"FixedWidth", "YES"}});
   frmColumns& first = LoadWith("abcdefgh\r\n");
-  first.MouseDownAt(3);
-  first.MouseUpAt(3);
-  first.MouseDownAt(6);
-  first.MouseUpAt(6);
+  ClickAt(first, {3, 6});
   App().UnloadColumns();
   frmColumns& again = App().Columns();
   EXPECT_EQ(MarkerPositions(), (Positions{3, 6}));
@@ -292,8 +298,7 @@ TEST_F(ColumnsScreen, QualifierChoiceChangesThePreview) {
 
 TEST_F(ColumnsScreen, ModeChangeKeepsTheMarkersHiddenWhileDelimited) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  screen.MouseDownAt(3);
-  screen.MouseUpAt(3);
+  ClickAt(screen, {3});
   screen.optCharacterDelimited_Click();
   EXPECT_TRUE(screen.chkComma.Enabled);
   EXPECT_EQ(MarkerPositions(), (Positions{3}));
@@ -331,17 +336,13 @@ TEST_F(ColumnsScreen, ClickPlacesAMarkerAndReleaseKeepsIt) {
 
 TEST_F(ColumnsScreen, MarkersKeepTheOrderOfTheirMaking) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  for (int position : {7, 2, 5}) {
-    screen.MouseDownAt(position);
-    screen.MouseUpAt(position);
-  }
+  ClickAt(screen, {7, 2, 5});
   EXPECT_EQ(MarkerPositions(), (Positions{7, 2, 5}));
 }
 
 TEST_F(ColumnsScreen, DraggingMovesTheMarker) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  screen.MouseDownAt(3);
-  screen.MouseUpAt(3);
+  ClickAt(screen, {3});
   Run().ReloadNeeded = false;
   screen.MouseDownAt(3);
   screen.MouseMoveAt(4);
@@ -355,10 +356,7 @@ TEST_F(ColumnsScreen, DraggingMovesTheMarker) {
 
 TEST_F(ColumnsScreen, DraggingAMarkerOntoAnotherLeavesOne) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  for (int position : {2, 5, 7}) {
-    screen.MouseDownAt(position);
-    screen.MouseUpAt(position);
-  }
+  ClickAt(screen, {2, 5, 7});
   screen.MouseDownAt(2);
   screen.MouseMoveAt(5);
   screen.MouseUpAt(5);
@@ -371,12 +369,8 @@ TEST_F(ColumnsScreen, DraggingAMarkerOntoAnotherLeavesOne) {
 
 TEST_F(ColumnsScreen, DoubleClickDeletesTheMarkerLastReleased) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  for (int position : {2, 5, 7}) {
-    screen.MouseDownAt(position);
-    screen.MouseUpAt(position);
-  }
-  screen.MouseDownAt(5);
-  screen.MouseUpAt(5);
+  ClickAt(screen, {2, 5, 7});
+  ClickAt(screen, {5});  // the marker at 5 is the last released
   Run().ReloadNeeded = false;
   screen.DoubleClick();
   EXPECT_EQ(MarkerPositions(), (Positions{2, 7}));
@@ -390,8 +384,7 @@ TEST_F(ColumnsScreen, DoubleClickDeletesTheMarkerLastReleased) {
 
 TEST_F(ColumnsScreen, DoubleClickOnAnEmptyPlaceMakesAndDeletesAMarker) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  screen.MouseDownAt(4);
-  screen.MouseUpAt(4);
+  ClickAt(screen, {4});
   screen.DoubleClick();
   EXPECT_EQ(Markers().NumMarkers, 0);
   EXPECT_TRUE(VisibleLines(screen).empty());
@@ -416,8 +409,7 @@ TEST_F(ColumnsScreen, WithTwentyNineMarkersAnotherClickGivesTheMaximumMessage) {
 
 TEST_F(ColumnsScreen, ClickBeyondPosition255SelectsNothing) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  screen.MouseDownAt(3);
-  screen.MouseUpAt(3);
+  ClickAt(screen, {3});
   screen.MouseDownAt(3);
   EXPECT_EQ(screen.SelectedMarker, 1);
   screen.MouseDownAt(256);
@@ -432,26 +424,21 @@ TEST_F(ColumnsScreen, ClickBeyondPosition255SelectsNothing) {
 
 TEST_F(ColumnsScreen, MouseInDelimitedModePlacesNoMarker) {
   frmColumns& screen = LoadWith("a,b\r\n");
-  screen.MouseDownAt(3);
-  screen.MouseUpAt(3);
+  ClickAt(screen, {3});
   EXPECT_EQ(Markers().NumMarkers, 0);
   EXPECT_EQ(screen.SelectedMarker, -1);
 }
 
 TEST_F(ColumnsScreen, FixedWidthCutsWithTheMarkersAsTheyStand) {
   frmColumns& screen = LoadFixed("abcdefgh\r\n");
-  screen.MouseDownAt(2);
-  screen.MouseUpAt(2);
-  screen.MouseDownAt(6);
-  screen.MouseUpAt(6);
+  ClickAt(screen, {2, 6});
   const ParsedLine parsed = screen.PullColumns(1, "");
   ASSERT_EQ(parsed.Count, 3);
   EXPECT_EQ(parsed.Column(1), "ab");
   EXPECT_EQ(parsed.Column(2), "cdef");
   EXPECT_EQ(parsed.Column(3), "gh");
   // Made out of order, the markers are not sorted until the load.
-  screen.MouseDownAt(4);
-  screen.MouseUpAt(4);
+  ClickAt(screen, {4});
   try {
     screen.PullColumns(1, "");
     FAIL() << "no error";
