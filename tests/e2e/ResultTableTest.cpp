@@ -17,8 +17,6 @@ namespace fs = std::filesystem;
 using testing::ProgramRun;
 using testing::ReadFile;
 using testing::RunCorvalin;
-using testing::SharedDataDir;
-using testing::SourceDir;
 using testing::UnattendedRun;
 using testing::WriteFile;
 
