@@ -8,6 +8,16 @@ namespace {
 
 class frmDamageSeverityTest : public testing::TableFixture {
  protected:
+  // Picks an item of a list as a click on it would.
+  void PickDamage(int index) {
+    dialog.cmbDamage.Select(index);
+    dialog.cmbDamage_Click();
+  }
+  void PickSeverity(int index) {
+    dialog.cmbSeverity.Select(index);
+    dialog.cmbSeverity_Click();
+  }
+
   frmDamageSeverity dialog;
 };
 
@@ -28,8 +38,7 @@ TEST_F(frmDamageSeverityTest, PreloadSplitsTheCellAndTrimsTheSeverity) {
 
 TEST_F(frmDamageSeverityTest, PickingARangeGivesItsFirstCode) {
   dialog.Form_Load();
-  dialog.cmbDamage.Select(0);
-  dialog.cmbDamage_Click();
+  PickDamage(0);
   EXPECT_EQ(dialog.cmbDamage.Text, "01");
 }
 
@@ -38,8 +47,7 @@ TEST_F(frmDamageSeverityTest, SeverityListFollowsTheDamageFamily) {
   dialog.cmbDamage.Text = "75";
   dialog.cmbSeverity_GotFocus();
   EXPECT_EQ(dialog.cmbSeverity.Items, (std::vector<std::string>{"  1 : Minor", "  2 : Severe"}));
-  dialog.cmbSeverity.Select(1);
-  dialog.cmbSeverity_Click();
+  PickSeverity(1);
   EXPECT_EQ(dialog.cmbSeverity.Text, "2");
   dialog.cmbDamage.Text = "19";
   dialog.cmbSeverity_GotFocus();
@@ -49,13 +57,11 @@ TEST_F(frmDamageSeverityTest, SeverityListFollowsTheDamageFamily) {
 
 TEST_F(frmDamageSeverityTest, SpecialStatusOffersOneItemAndTypingKeepsTwoCharacters) {
   dialog.Form_Load();
-  dialog.cmbDamage.Select(8);
-  dialog.cmbDamage_Click();
+  PickDamage(8);
   EXPECT_EQ(dialog.cmbDamage.Text, "55");
   dialog.cmbSeverity_GotFocus();
   EXPECT_EQ(dialog.cmbSeverity.Items, std::vector<std::string>{"  1 : Valid values are 1 through 99"});
-  dialog.cmbSeverity.Select(0);
-  dialog.cmbSeverity_Click();
+  PickSeverity(0);
   EXPECT_EQ(dialog.cmbSeverity.Text, "1");
   dialog.SetSeverityText("456");
   EXPECT_EQ(dialog.cmbSeverity.Text, "45");
