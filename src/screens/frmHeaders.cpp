@@ -396,18 +396,20 @@ int frmHeaders::CellColour(int column, Recordset::Bookmark bookmark) const {
   return valid ? kCellColourNone : kCellColourInvalid;
 }
 
-void frmHeaders::SelectedLineSpan(int16_t& first, int16_t& last) const {
+frmHeaders::LineSpan frmHeaders::SelectedLineSpan() const {
   if (!Adodc1.Recordset) RaiseUnboundGrid();
   auto rows = Adodc1.Recordset->Clone();
+  LineSpan span;
   bool any = false;
   for (Recordset::Bookmark bookmark : SelBookmarks) {
     rows->SetBookmark(bookmark);
     const int16_t line = StoredInteger(rows->Text("LineNum"));
-    if (!any || line < first) first = line;
-    if (!any || line > last) last = line;
+    if (!any || line < span.first) span.first = line;
+    if (!any || line > span.last) span.last = line;
     any = true;
   }
   if (!any) Raise(err::SubscriptOutOfRange);
+  return span;
 }
 
 // ---------------------------------------------------------------- events
@@ -559,9 +561,7 @@ void frmHeaders::cmdBack_Click() {
 
 void frmHeaders::mnuExcludeRows_Click() {
   RunEvent([&] {
-    int16_t first = 0;
-    int16_t last = 0;
-    SelectedLineSpan(first, last);
+    const auto [first, last] = SelectedLineSpan();
     TemplateCommandState& state = Commands();
     if (state.CommandCount >= kMaxTemplateCommands) {
       ShowMessage(CommandLimitMessage());
@@ -582,9 +582,7 @@ void frmHeaders::mnuExcludeRows_Click() {
 
 void frmHeaders::mnuIncludeRows_Click() {
   RunEvent([&] {
-    int16_t first = 0;
-    int16_t last = 0;
-    SelectedLineSpan(first, last);
+    const auto [first, last] = SelectedLineSpan();
     TemplateCommandState& state = Commands();
     // Commands added while splitting are not visited.
     const int16_t count = state.CommandCount;

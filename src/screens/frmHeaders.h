@@ -125,7 +125,11 @@ class frmHeaders : public Screen {
   // row, red for a value its column's rule refuses.
   int CellColour(int column, Recordset::Bookmark bookmark) const;
   // The lowest and highest LineNum of the selected rows.
-  void SelectedLineSpan(int16_t& first, int16_t& last) const;
+  struct LineSpan {
+    int16_t first = 0;
+    int16_t last = 0;
+  };
+  LineSpan SelectedLineSpan() const;
   // The assign lists' selection as a view changes it; each runs its click.
   void SelectHeaderChoice(int index);
   void SelectUnitChoice(int index);
