@@ -44,11 +44,14 @@ std::vector<std::string> Cells(const ColumnFormat& format, const std::string& li
 
 using Row = std::vector<std::string>;
 
-std::string Commas(int n) {
+// Numbered cells, each with its comma: "x1,x2,...,xn,".
+std::string NumberedCells(const std::string& prefix, int n) {
   std::string line;
-  for (int k = 1; k <= n; ++k) line += "v" + std::to_string(k) + ",";
-  return line + "end";
+  for (int k = 1; k <= n; ++k) line += prefix + std::to_string(k) + ",";
+  return line;
 }
+
+std::string Commas(int n) { return NumberedCells("v", n) + "end"; }
 
 // --- plain split ---
 
@@ -85,8 +88,7 @@ TEST(PlainSplit, FortyCommasLeaveTheRestOfTheLineInColumnThirty) {
 }
 
 TEST(PlainSplit, TwentyNinthSeparatorAtTheEndLeavesColumnThirtyEmpty) {
-  std::string line;
-  for (int k = 1; k <= 29; ++k) line += "x" + std::to_string(k) + ",";
+  const std::string line = NumberedCells("x", 29);
   ParsedLine parsed = PullColumns(Plain(), -1, line);
   ASSERT_EQ(parsed.Count, 30);
   EXPECT_EQ(parsed.Column(29), "x29");
@@ -189,9 +191,7 @@ TEST(QualifierSplit, SingleQuoteQualifierLeavesDoubleQuotesAlone) {
 }
 
 TEST(QualifierSplit, FortyCommasLeaveTheRawRestInColumnThirty) {
-  std::string line;
-  for (int k = 1; k <= 29; ++k) line += "v" + std::to_string(k) + ",";
-  line += "\"q,r\",\"s\"\"t\",end";
+  const std::string line = NumberedCells("v", 29) + "\"q,r\",\"s\"\"t\",end";
   ParsedLine parsed = PullColumns(Qualified(), -1, line);
   ASSERT_EQ(parsed.Count, 30);
   EXPECT_EQ(parsed.Column(29), "v29");
@@ -199,8 +199,7 @@ TEST(QualifierSplit, FortyCommasLeaveTheRawRestInColumnThirty) {
 }
 
 TEST(QualifierSplit, TwentyNinthSeparatorAtTheEndMakesNoThirtiethCell) {
-  std::string line;
-  for (int k = 1; k <= 29; ++k) line += "x" + std::to_string(k) + ",";
+  const std::string line = NumberedCells("x", 29);
   ParsedLine parsed = PullColumns(Qualified(), -1, line);
   EXPECT_EQ(parsed.Count, 29);
   EXPECT_EQ(parsed.Column(29), "x29");
