@@ -54,12 +54,17 @@ class StartSequence : public FreshProcess {
   }
   // Runs the start sequence; the exit status when the process ended, -1 when it returned.
   int Start() {
-    try {
-      MainForm().Form_Load();
-    } catch (const ProcessEnded& ended) {
-      return ended.exitCode;
-    }
-    return -1;
+    return testing::ExitStatusOf([] { MainForm().Form_Load(); }).value_or(-1);
+  }
+  // Start, with what it writes to standard error.
+  struct Started {
+    int status;
+    std::string errors;
+  };
+  Started StartCatchingErrors() {
+    ::testing::internal::CaptureStderr();
+    const int status = Start();
+    return {status, ::testing::internal::GetCapturedStderr()};
   }
   std::string Result() const { return ReadFile(home / "Work" / "result.txt"); }
   bool ResultExists() const { return fs::exists(home / "Work" / "result.txt"); }
@@ -315,25 +320,21 @@ TEST_F(StartSequence, TemplateNameInAnotherCaseIsNotFound) {
 
 TEST_F(StartSequence, UnknownTemplateNameEndsTheRunAndSaysWhyOnStandardError) {
   SetCommandLine("trees.csv out.tre Nope");
-  ::testing::internal::CaptureStderr();
-  EXPECT_EQ(Start(), 1);
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Invalid Template Name specified: Nope\n");
+  const Started run = StartCatchingErrors();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.errors, "Invalid Template Name specified: Nope\n");
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
 }
 
 TEST_F(StartSequence, InputFileThatCannotBeOpenedEndsTheRun) {
   SetCommandLine("missing.csv out.tre Sample");
-  ::testing::internal::CaptureStderr();
-  Start();
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Can't open input file.\n");
+  EXPECT_EQ(StartCatchingErrors().errors, "Can't open input file.\n");
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
 }
 
 TEST_F(StartSequence, InputAndOutputAlikeEndTheRun) {
   SetCommandLine("trees.csv trees.csv Sample");
-  ::testing::internal::CaptureStderr();
-  Start();
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Input and output cannot be the same file.\n");
+  EXPECT_EQ(StartCatchingErrors().errors, "Input and output cannot be the same file.\n");
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
 }
 

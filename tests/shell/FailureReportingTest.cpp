@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 
 #include "TestSupport.h"
 #include "shell/Error.h"
@@ -34,23 +35,15 @@ TEST_F(FailureReporting, ShowMessageInAnInteractiveRunIsAPlainBox) {
 
 TEST_F(FailureReporting, ShowMessageInABatchRunWritesUntrappedErrorWhateverTheText) {
   Run().CommandLineMode = true;
-  try {
-    ShowMessage("Can't open input file.");
-    FAIL() << "the process went on";
-  } catch (const ProcessEnded& ended) {
-    EXPECT_NE(ended.exitCode, 0);
-  }
+  const std::optional<int> status = testing::ExitStatusOf([] { ShowMessage("Can't open input file."); });
+  ASSERT_TRUE(status.has_value()) << "the process went on";
+  EXPECT_NE(*status, 0);
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
   EXPECT_TRUE(ui.boxes.empty());
 }
 
 TEST_F(FailureReporting, WriteResultWritesOneLineAndEndsTheProcess) {
-  try {
-    WriteResult("TRANSLATION SUCCESSFUL");
-    FAIL() << "the process went on";
-  } catch (const ProcessEnded& ended) {
-    EXPECT_EQ(ended.exitCode, 0);
-  }
+  EXPECT_EQ(testing::ExitStatusOf([] { WriteResult("TRANSLATION SUCCESSFUL"); }), 0);
   EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n");
 }
 
@@ -61,11 +54,7 @@ TEST_F(FailureReporting, WriteResultReplacesTheOldResult) {
 }
 
 TEST_F(FailureReporting, AnyOtherResultEndsWithAFailureStatus) {
-  try {
-    WriteResult("FAILED: Invalid format.");
-  } catch (const ProcessEnded& ended) {
-    EXPECT_EQ(ended.exitCode, 1);
-  }
+  EXPECT_EQ(testing::ExitStatusOf([] { WriteResult("FAILED: Invalid format."); }), 1);
 }
 
 TEST_F(FailureReporting, ResultFileThatCannotBeWrittenGivesTheBoxAndTheCallerGoesOn) {
@@ -105,12 +94,7 @@ TEST_F(FailureReporting, EndProgramInABatchRunWritesEndProgram) {
 }
 
 TEST_F(FailureReporting, EndProgramInAnInteractiveRunEndsWithoutAResult) {
-  try {
-    EndProgram();
-    FAIL() << "the process went on";
-  } catch (const ProcessEnded& ended) {
-    EXPECT_EQ(ended.exitCode, 0);
-  }
+  EXPECT_EQ(testing::ExitStatusOf([] { EndProgram(); }), 0);
   EXPECT_FALSE(ResultExists());
 }
 

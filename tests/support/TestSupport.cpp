@@ -137,6 +137,15 @@ int ErrorNumberRaisedBy(const std::function<void()>& action) {
   return 0;
 }
 
+std::optional<int> ExitStatusOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const ProcessEnded& ended) {
+    return ended.exitCode;
+  }
+  return std::nullopt;
+}
+
 std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   std::ostringstream out;

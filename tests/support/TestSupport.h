@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <memory>
 #include <string>
 
@@ -53,6 +54,10 @@ std::filesystem::path PutEmptyWorkingTable();
 // The number of the run-time error the action raises, or 0 when it raises
 // none.
 int ErrorNumberRaisedBy(const std::function<void()>& action);
+
+// The exit status the action ends the process with; none when the process
+// goes on.
+std::optional<int> ExitStatusOf(const std::function<void()>& action);
 
 std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& bytes);
