@@ -59,8 +59,12 @@ TEST_F(StartupEndToEnd, EachEmptyFieldWritesItsOwnMessage) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.result);
     fs::remove(home / "Work" / "result.txt");
-    EXPECT_NE(Corvalin(c.arguments), 0);
+    const testing::ProgramRun run = testing::RunCorvalin(home, c.arguments, home / "run");
+    EXPECT_NE(run.status, 0);
     EXPECT_EQ(Result(), c.result);
+    // The result file alone says which field, and no tree list is begun.
+    EXPECT_EQ(run.errors, "");
+    EXPECT_FALSE(fs::exists(home / "run" / "out.tre"));
   }
 }
 
