@@ -22,13 +22,13 @@
 
 namespace {
 
-bool DisplayAvailable() {
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return true;
-  }
-  return false;
+bool Set(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr && *value != '\0';
 }
+
+// An X or Wayland display: an unattended run shows its banner and boxes there.
+bool DisplayAvailable() { return Set("DISPLAY") || Set("WAYLAND_DISPLAY"); }
 
 // Runs the start sequence; an ended process gives its status. An unattended
 // run that comes back without having written its result (a box reported a
@@ -58,6 +58,14 @@ int main(int argc, char** argv) {
   const bool interactive = CommandLine().empty();
 
 #ifdef CORVALIN_WITH_DESKTOP
+  // The wizard also runs on a Qt platform named outright (offscreen, say).
+  if (interactive && !DisplayAvailable() && !Set("QT_QPA_PLATFORM")) {
+    // Without a window system the toolkit would only abort; say why instead.
+    std::fprintf(stderr,
+                 "corvalin: the wizard needs a display (DISPLAY or WAYLAND_DISPLAY is not set); "
+                 "give input, output and template to run unattended\n");
+    return 1;
+  }
   if (interactive || DisplayAvailable()) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvalin"));

@@ -18,7 +18,8 @@ ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& arg
   std::vector<std::string> env;
   for (char** e = environ; *e != nullptr; ++e) {
     const std::string entry = *e;
-    if (entry.rfind("DISPLAY=", 0) == 0 || entry.rfind("WAYLAND_DISPLAY=", 0) == 0 || entry.rfind("HOME=", 0) == 0 ||
+    if (entry.rfind("DISPLAY=", 0) == 0 || entry.rfind("WAYLAND_DISPLAY=", 0) == 0 ||
+        entry.rfind("QT_QPA_PLATFORM=", 0) == 0 || entry.rfind("HOME=", 0) == 0 ||
         entry.rfind("XDG_CONFIG_HOME=", 0) == 0)
       continue;
     env.push_back(entry);

@@ -33,6 +33,15 @@ class StartupEndToEnd : public testing::UnattendedRun {
   }
 };
 
+TEST_F(StartupEndToEnd, TheWizardWithoutADisplaySaysWhyAndEnds) {
+  const testing::ProgramRun run = testing::RunCorvalin(home, {}, home / "run");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.errors,
+            "corvalin: the wizard needs a display (DISPLAY or WAYLAND_DISPLAY is not set); "
+            "give input, output and template to run unattended\n");
+  EXPECT_FALSE(ResultWritten());
+}
+
 TEST_F(StartupEndToEnd, UnknownTemplateNameWritesUntrappedErrorAndFails) {
   const int status = Corvalin({"trees.csv", "out.tre", "Nope"});
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
