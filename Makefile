@@ -9,7 +9,7 @@ BUILD ?= build
 ARGS ?=
 GENERATOR ?= Ninja
 
-.PHONY: all deps configure build run test sanitize bench install clean
+.PHONY: all deps configure build run test sanitize bench fuzz install clean
 
 all: build
 
@@ -46,6 +46,17 @@ bench: deps
 	cmake --build $(BENCH_BUILD)
 	./bench/run_load_bench.sh $(BENCH_BUILD)
 	./bench/run_unattended_bench.sh $(BENCH_BUILD)
+
+# The fuzz targets of fuzz/, built with clang and run FUZZ_SECONDS each.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G $(GENERATOR) -DCORVALIN_FUZZ=ON -DCORVALIN_DESKTOP=OFF \
+	  -DCORVALIN_BENCH=OFF -DBUILD_TESTING=OFF
+	cmake --build $(FUZZ_BUILD)
+	for target in $(FUZZ_BUILD)/fuzz/fuzz_*; do \
+	  $$target -max_total_time=$(FUZZ_SECONDS) -max_len=4096 || exit 1; \
+	done
 
 # make install PREFIX=/opt/corvalin
 PREFIX ?= /usr/local
