@@ -2,6 +2,10 @@
 
 #include "screens/frmColumns.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmLocation.h"
+#include "screens/frmLocationRecord.h"
+#include "screens/frmSlf.h"
+#include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
 
 namespace corvalin {
@@ -24,6 +28,10 @@ T& Application::Load(std::unique_ptr<T>& slot) {
 frmTemplate& Application::Template() { return Load(template_); }
 frmColumns& Application::Columns() { return Load(columns_); }
 frmHeaders& Application::Headers() { return Load(headers_); }
+frmSlf& Application::Slf() { return Load(slf_); }
+frmSlfRecord& Application::SlfRecord() { return Load(slfRecord_); }
+frmLocation& Application::Location() { return Load(location_); }
+frmLocationRecord& Application::LocationRecord() { return Load(locationRecord_); }
 
 void Application::Retire(std::unique_ptr<Screen> screen) {
   if (!screen) return;
@@ -34,8 +42,22 @@ void Application::Retire(std::unique_ptr<Screen> screen) {
 void Application::UnloadTemplate() { Retire(std::move(template_)); }
 void Application::UnloadColumns() { Retire(std::move(columns_)); }
 void Application::UnloadHeaders() { Retire(std::move(headers_)); }
+void Application::UnloadSlf() { Retire(std::move(slf_)); }
+void Application::UnloadSlfRecord() { Retire(std::move(slfRecord_)); }
+void Application::UnloadLocation() { Retire(std::move(location_)); }
+void Application::UnloadLocationRecord() { Retire(std::move(locationRecord_)); }
+
+void Application::ShowModal(Screen& dialog) {
+  dialog.Show();
+  if (RunModal) RunModal(dialog);
+  if (dialog.Visible()) dialog.DismissAsCancelled();
+}
 
 void Application::UnloadAll() {
+  UnloadLocationRecord();
+  UnloadLocation();
+  UnloadSlfRecord();
+  UnloadSlf();
   UnloadHeaders();
   UnloadColumns();
   UnloadTemplate();

@@ -13,6 +13,12 @@ namespace corvalin {
 struct Control {
   bool Enabled = true;
   bool Visible = true;
+  // Whether the control takes part in the keyboard order.
+  bool TabStop = true;
+  // Place and width in twips, for the few controls whose geometry the
+  // program itself changes.
+  int Left = 0;
+  int Width = 0;
 };
 
 struct Label : Control {
@@ -62,6 +68,13 @@ struct ListControl : Control {
     ListIndex = index;
     Text = (index >= 0 && index < ListCount()) ? Items[static_cast<std::size_t>(index)] : std::string();
   }
+};
+
+// A tab strip: one caption and one enabled state per tab, and the active tab.
+struct TabStrip : Control {
+  std::vector<std::string> TabCaption;
+  std::vector<bool> TabEnabled;
+  int Tab = 0;
 };
 
 }  // namespace corvalin

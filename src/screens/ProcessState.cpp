@@ -4,6 +4,7 @@
 #include "input/ColumnFormat.h"
 #include "screens/Application.h"
 #include "shell/RunState.h"
+#include "shell/TextFile.h"
 #include "templates/TemplateCommands.h"
 #include "worktable/clsDBEngine.h"
 
@@ -17,6 +18,8 @@ void ResetProcessState() {
   ResetMarkers();
   ResetCommands();
   ResetSpeciesCodes();
+  ForgetFilesLeftOpen();
+  App().RunModal = nullptr;
 }
 
 }  // namespace corvalin

@@ -10,6 +10,10 @@
 
 namespace corvalin {
 
+// Why a window is asked to close: its control menu (the close box), the
+// program's own unload, or anything else (the system shutting down).
+enum class CloseReason { ControlMenu, ProgramUnload, Other };
+
 class Screen {
  public:
   virtual ~Screen() = default;
@@ -27,6 +31,9 @@ class Screen {
   // comes to the front, and this one goes.
   void HandOverTo(Screen& next);
   bool Visible() const { return visible_; }
+  // A modal dialog that its view (or a test's script) left open ends as
+  // though its Cancel had been pressed.
+  virtual void DismissAsCancelled() { Hide(); }
 
   int Left = 0;
   int Top = 0;

@@ -36,8 +36,6 @@ struct ColumnLine : Control {
 };
 
 // Why a close of the window was asked for.
-enum class CloseReason { ControlMenu, ProgramUnload, Other };
-
 // The ruler above the preview, one mark per character, a digit every ten.
 inline constexpr const char* PreviewRuler = "0....:....1....:....2....:....3....:....4";
 // Markers can be placed up to this character position.

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "shell/Error.h"
+#include "shell/TextFile.h"
 
 namespace corvalin {
 
@@ -13,24 +14,6 @@ namespace {
 std::FILE*& FileNumber1() {
   static std::FILE* file = nullptr;
   return file;
-}
-
-// The run-time error that an open or a write of the output reports.
-[[noreturn]] void RaiseFileError(int code) {
-  switch (code) {
-    case ENOENT:
-    case ENOTDIR:
-      Raise(err::PathNotFound);
-    case ENOSPC:
-    case EDQUOT:
-      Raise(err::DiskFull);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    default:
-      Raise(err::PathFileAccess);
-  }
 }
 
 }  // namespace

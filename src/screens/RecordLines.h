@@ -1,0 +1,45 @@
+// What the stand list and location editors share: a list of raw record lines
+// with four buttons that act on the selected line (Up, Down, Edit, Delete),
+// the insertion of a placeholder row behind the selection while a new
+// record's dialog is open, and the reading of the file into the list.
+#pragma once
+
+#include <string>
+
+#include "screens/Controls.h"
+
+namespace corvalin {
+
+struct RecordLineButtons {
+  Button& up;
+  Button& down;
+  Button& edit;
+  Button& del;
+};
+
+// The click on the list: enables the buttons by where the selection stands
+// (none: all off; first of one: Edit and Delete; first of more: and Down;
+// last: and Up; any other: all on).
+void EnableRecordLineButtons(const ListControl& list, RecordLineButtons buttons);
+
+// Inserts the placeholder behind the selected line (at the end when nothing
+// is selected) and selects it.
+void InsertPlaceholder(ListControl& list, const std::string& placeholder);
+// After the new record's dialog closed: when the selected row is still the
+// placeholder (the dialog was cancelled), removes it and selects the row
+// before it, or the new first row when it stood first.
+void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placeholder);
+
+// Removes the selected line and selects the line now at its index, else the
+// last line; with no line left, the four buttons are disabled.
+void DeleteSelectedLine(ListControl& list, RecordLineButtons buttons);
+// Swap the selected line with its neighbour; the selection follows, and the
+// buttons change as the editors' Up and Down say.
+void MoveSelectedLineUp(ListControl& list, RecordLineButtons buttons);
+void MoveSelectedLineDown(ListControl& list, RecordLineButtons buttons);
+
+// Adds every line of the file to the list as it stands (lines end at CR, CR
+// LF or LF). Raises the run-time error of a file that cannot be read.
+void AddFileLines(ListControl& list, const std::string& path);
+
+}  // namespace corvalin

@@ -1,0 +1,51 @@
+// frmLocation: the location file editor, the last step of the editing flow.
+// The file is shown as its raw record lines; records are inserted behind the
+// selection, edited in frmLocationRecord, moved, deleted and saved. Done
+// saves pending changes (when the stand list is in order) and returns to the
+// first screen.
+#pragma once
+
+#include "screens/Controls.h"
+#include "screens/Screen.h"
+
+namespace corvalin {
+
+inline constexpr const char* LocationCaptionSuffix = " - Edit Location File";
+inline constexpr const char* NewLocationPlaceholder = " *** new record A *** ";
+
+class frmLocation : public Screen {
+ public:
+  const char* Name() const override { return "frmLocation"; }
+  void Form_Load() override;
+
+  ListControl lstLocation;
+  Button cmdInsertA;
+  Button cmdUp, cmdDown, cmdEdit, cmdDelete;
+  Button cmdSave;
+  Button cmdDone;
+  Button cmdBack;
+  Button cmdQuit;
+  Button cmdHelp;
+
+  void lstLocation_Click();
+  void lstLocation_DblClick();
+  void cmdInsertA_Click();
+  void cmdUp_Click();
+  void cmdDown_Click();
+  void cmdEdit_Click();
+  void cmdDelete_Click();
+  void cmdSave_Click();
+  void cmdDone_Click();
+  void cmdBack_Click();
+  void cmdQuit_Click();
+  void cmdHelp_Click();
+  // Returns whether the close is cancelled.
+  bool Form_QueryUnload(CloseReason reason);
+};
+
+// Writes every line of lstLocation to the file named by lblLocationsFile on
+// frmTemplate, with CR LF, and sets LocationFileSaved. A failure is reported
+// as "Error writing Location file." with the module and the error.
+void WriteLocationFile();
+
+}  // namespace corvalin
