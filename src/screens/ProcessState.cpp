@@ -3,6 +3,7 @@
 #include "columns/SpeciesCodes.h"
 #include "input/ColumnFormat.h"
 #include "screens/Application.h"
+#include "shell/AppUtil.h"
 #include "shell/RunState.h"
 #include "shell/TextFile.h"
 #include "templates/TemplateCommands.h"
@@ -19,6 +20,7 @@ void ResetProcessState() {
   ResetCommands();
   ResetSpeciesCodes();
   ForgetFilesLeftOpen();
+  SetWorkingDirectoryCaption("");
   App().RunModal = nullptr;
 }
 
