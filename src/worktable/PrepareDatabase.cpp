@@ -94,6 +94,16 @@ void DeleteWorkingDatabase() {
   if (ec) RaiseFileError(ec, "PrepareDatabase");
 }
 
+// A null character has no place in a text file of trees: it comes from a
+// spreadsheet saved in its own binary format or as 16-bit Unicode text. Its
+// cells would reach the tree list with the null in them, so the load stops at
+// that line and says which one, as a failed insert of the line would.
+void RefuseNullCharacter(std::string_view line, int16_t lineNumber) {
+  if (line.find('\0') == std::string_view::npos) return;
+  Raise(err::DatabaseError, "CreateColumnsTable",
+        "Input line " + std::to_string(lineNumber) + " holds a null character: the file is not plain text");
+}
+
 // Loads the lines of the input into tft with one prepared insert.
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   InputLines input(inputPath);
@@ -116,6 +126,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       busyText += std::to_string(lineNumber);
       ShowBusy(kBusyTitle, busyText);
       input.Next(line);
+      RefuseNullCharacter(line, lineNumber);
       splitter.Split(line, parsed);
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
       PreparedStatement& insert = inserts.For(parsed.Count);

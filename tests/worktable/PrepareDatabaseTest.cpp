@@ -222,6 +222,19 @@ TEST_F(LoadTable, FileOf32768LinesFailsWithOverflowAndKeepsTheRowsSoFar) {
   EXPECT_FALSE(App().HeadersLoaded());
 }
 
+TEST_F(LoadTable, LineWithANullCharacterStopsTheLoadAndNamesTheLine) {
+  Input(std::string("p1,1,DF,12.5\r\np1,2\0,WH,8\r\np1,3,DF,9\r\n", 37));
+  PrepareDatabase();
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{
+                            "Error preparing database\r\n3709 - 'Input line 2 holds a null character: the file is "
+                            "not plain text'\r\nLine: CreateColumnsTable"}));
+  // The line before it stays, the rest waits for a corrected file.
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0], Expected(1, {"p1", "1", "DF", "12.5"}));
+  EXPECT_TRUE(Run().ReloadNeeded);
+}
+
 TEST_F(LoadTable, FailureInAnUnattendedRunEndsItWithUntrappedError) {
   Input("a\r\n");
   fs::remove(home / "install" / "EmptyTFT.mdb");
