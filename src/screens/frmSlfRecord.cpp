@@ -1,23 +1,402 @@
 #include "screens/frmSlfRecord.h"
 
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "columns/CellRules.h"
+#include "screens/Application.h"
+#include "screens/frmSlf.h"
+#include "shell/Failure.h"
+#include "shell/RunState.h"
+#include "shell/Text.h"
+#include "standlist/StandLevelFile.h"
+#include "standlist/VariantTables.h"
+
 namespace corvalin {
 
-void frmSlfRecord::Form_Load() { }
-void frmSlfRecord::cmdOk_Click() { }
-void frmSlfRecord::cmdCancel_Click() { }
-void frmSlfRecord::cmdSelect_Click() { }
-void frmSlfRecord::cmdBareGround_Click() { }
-void frmSlfRecord::cmdAdd_Click() { }
-void frmSlfRecord::cmdDelete_Click() { }
-void frmSlfRecord::cmdSelectDataSetFile_Click() { }
-void frmSlfRecord::lstDataSetNames_DblClick() { }
-void frmSlfRecord::tabSlfRecords_Click() { }
-void frmSlfRecord::Combo_GotFocus(ListControl& combo) { }
-void frmSlfRecord::Combo_LostFocus(ListControl& combo) { }
-bool frmSlfRecord::ValidateRecordFields() { return false; }
-void frmSlfRecord::SetActiveRecordTab(int tab) { }
-void frmSlfRecord::SetUnitLabels() { }
-void FillVariantLists() {}
-void EditStandRecord(const std::string&) {}
+namespace {
+
+constexpr std::size_t kMaxCodeLength = 8;
+
+// Where the reference boxes of the widening combos stand, in twips. The
+// combos sit on them while they do not have the focus.
+constexpr int kLongitudeLeft = 2400;
+constexpr int kLongitudeWidth = 1000;
+constexpr int kStockablePercentLeft = 7680;
+constexpr int kStockablePercentWidth = 1000;
+
+// A unit label: its caption for the metric variant and for all others.
+struct UnitLabel {
+  Label frmSlfRecord::*label;
+  const char* metric;
+  const char* imperial;
+};
+constexpr std::array<UnitLabel, 6> kUnitLabels{{
+    {&frmSlfRecord::lblElevation, "Elevation (m):", "Elevation (ft x 100):"},
+    {&frmSlfRecord::lblBasalAreaFactor, "Basal area factor (sq.m/ha):", "Basal area factor (sq.ft/ha):"},
+    {&frmSlfRecord::lblBreakpointDbh, "Breakpoint DBH (cm):", "Breakpoint DBH (in):"},
+    {&frmSlfRecord::lblMaximumBasalArea, "Maximum basal area (sq.m/ha):", "Maximum basal area (sq.ft/ha):"},
+    {&frmSlfRecord::lblMaximumStandDensityIndex, "Maximum stand density index (sph):",
+     "Maximum stand density index (tpa):"},
+    {&frmSlfRecord::lblSiteIndex, "Site index (m):", "Site index (ft):"},
+}};
+
+// The fixed headings of tab 1 (the unit labels are set apart).
+struct Heading {
+  Label frmSlfRecord::*label;
+  const char* caption;
+};
+constexpr std::array<Heading, 20> kRecordBHeadings{{
+    {&frmSlfRecord::lblStandIdentificationCode2, "Stand identification code:"},
+    {&frmSlfRecord::lblInventoryYear, "Inventory year:"},
+    {&frmSlfRecord::lblLatitude, "Latitude (degrees):"},
+    {&frmSlfRecord::lblLongitude, "Longitude (degrees):"},
+    {&frmSlfRecord::lblLocation, "Location code:"},
+    {&frmSlfRecord::lblHabitatType, "Habitat type:"},
+    {&frmSlfRecord::lblStandOrigin, "Stand origin year:"},
+    {&frmSlfRecord::lblAspect, "Aspect (degrees):"},
+    {&frmSlfRecord::lblSlope, "Slope (percent):"},
+    {&frmSlfRecord::lblInverseOfFixedPlotSize, "Inverse of plot size:"},
+    {&frmSlfRecord::lblNumberOfPlots, "Number of plots:"},
+    // The field holds the non-stockable plots, as its heading says; its
+    // control and its message speak of stockable ones.
+    {&frmSlfRecord::lblNumberOfStockablePlots, "Number of non-stockable plots:"},
+    {&frmSlfRecord::lblStandSamplingWeight, "Stand sampling weight:"},
+    {&frmSlfRecord::lblStockablePercent, "Stockable percent:"},
+    {&frmSlfRecord::lblDiameterGrowthTranslationCode, "Diameter growth translation code:"},
+    {&frmSlfRecord::lblDiameterGrowthMeasurePeriod, "Diameter growth measurement period:"},
+    {&frmSlfRecord::lblHeightGrowthTranslationCode, "Height growth translation code:"},
+    {&frmSlfRecord::lblHeightGrowthMeasurementPeriod, "Height growth measurement period:"},
+    {&frmSlfRecord::lblMortalityMeasurementPeriod, "Mortality measurement period:"},
+    {&frmSlfRecord::lblSiteSpecies, "Site species:"},
+}};
+
+// The field tests of tab 1, in the order they run. Some fields take only a
+// number; the periods, the maximum stand density index and the site index
+// take any single word.
+enum class FieldRule { Numeric, SingleWord };
+struct FieldTest {
+  TextBox frmSlfRecord::*field;
+  FieldRule rule;
+  const char* message;
+};
+constexpr std::array<FieldTest, 20> kRecordBTests{{
+    {&frmSlfRecord::txtInventoryYear, FieldRule::Numeric, "Invalid Inventory Year."},
+    {&frmSlfRecord::txtLatitude, FieldRule::Numeric, "Invalid Latitude value."},
+    {&frmSlfRecord::txtLongitude, FieldRule::Numeric, "Invalid Longitude value."},
+    {&frmSlfRecord::txtStandOrigin, FieldRule::Numeric, "Invalid Stand Origin year."},
+    {&frmSlfRecord::txtAspect, FieldRule::Numeric, "Invalid Aspect value."},
+    {&frmSlfRecord::txtSlope, FieldRule::Numeric, "Invalid Slope value."},
+    {&frmSlfRecord::txtElevation, FieldRule::Numeric, "Invalid Elevation value."},
+    {&frmSlfRecord::txtBasalAreaFactor, FieldRule::Numeric, "Invalid Basal Area Factor value."},
+    {&frmSlfRecord::txtInverseOfFixedPlotSize, FieldRule::Numeric, "Invalid Inverse of Plot Size value."},
+    {&frmSlfRecord::txtBreakpointDbh, FieldRule::Numeric, "Invalid Breakpoint DBH value."},
+    {&frmSlfRecord::txtNumberOfPlots, FieldRule::Numeric, "Invalid Number of Plots."},
+    {&frmSlfRecord::txtNumberOfStockablePlots, FieldRule::Numeric, "Invalid Number of Stockable Plots."},
+    {&frmSlfRecord::txtStandSamplingWeight, FieldRule::Numeric, "Invalid Stand Sampling Weight."},
+    {&frmSlfRecord::txtStockablePercent, FieldRule::Numeric, "Invalid Stockable Percent value."},
+    {&frmSlfRecord::txtDiameterGrowthMeasurePeriod, FieldRule::SingleWord,
+     "Invalid Diameter Growth Measuremnt Period."},
+    {&frmSlfRecord::txtHeightGrowthMeasurementPeriod, FieldRule::SingleWord,
+     "Invalid Height Growth Measurement Period."},
+    {&frmSlfRecord::txtMortalityMeasurementPeriod, FieldRule::SingleWord, "Invalid Mortality Measurement Period."},
+    {&frmSlfRecord::txtMaximumBasalArea, FieldRule::Numeric, "Invalid Maximum Basal Area value."},
+    {&frmSlfRecord::txtMaximumStandDensityIndex, FieldRule::SingleWord, "Invalid Maximum Stand Density Index."},
+    {&frmSlfRecord::txtSiteIndex, FieldRule::SingleWord, "Invalid Site Index."},
+}};
+
+bool IsNumericField(const TextBox& field) { return IsDecimalText(field.Text); }
+
+bool Passes(const TextBox& field, FieldRule rule) {
+  return rule == FieldRule::Numeric ? IsNumericField(field) : IsSingleWord(field.Text);
+}
+
+// A control of tab 1: the control, its text, and the combo when it is one.
+struct RecordBField {
+  Control* control;
+  std::string* text;
+  ListControl* combo;
+};
+RecordBField Field(TextBox& box) { return {&box, &box.Text, nullptr}; }
+RecordBField Field(ListControl& combo) { return {&combo, &combo.Text, &combo}; }
+
+// The controls of tab 1 from token 3 to token 27, in token order.
+std::array<RecordBField, kRecordBValues> RecordBFields(frmSlfRecord& d) {
+  return {Field(d.txtInventoryYear),
+          Field(d.txtLatitude),
+          Field(d.txtLongitude),
+          Field(d.cmbLocation),
+          Field(d.cmbHabitatType),
+          Field(d.txtStandOrigin),
+          Field(d.txtAspect),
+          Field(d.txtSlope),
+          Field(d.txtElevation),
+          Field(d.txtBasalAreaFactor),
+          Field(d.txtInverseOfFixedPlotSize),
+          Field(d.txtBreakpointDbh),
+          Field(d.txtNumberOfPlots),
+          Field(d.txtNumberOfStockablePlots),
+          Field(d.txtStandSamplingWeight),
+          Field(d.txtStockablePercent),
+          Field(d.cmbDiameterGrowthTranslationCode),
+          Field(d.txtDiameterGrowthMeasurePeriod),
+          Field(d.cmbHeightGrowthTranslationCode),
+          Field(d.txtHeightGrowthMeasurementPeriod),
+          Field(d.txtMortalityMeasurementPeriod),
+          Field(d.txtMaximumBasalArea),
+          Field(d.txtMaximumStandDensityIndex),
+          Field(d.cmbSiteSpecies),
+          Field(d.txtSiteIndex)};
+}
+
+// The controls of each tab that take part in the keyboard order while their
+// tab is the active one.
+std::vector<Control*> TabGroup(frmSlfRecord& d, int tab) {
+  std::vector<Control*> group;
+  switch (tab) {
+    case 0:
+      group = {&d.cmbStandIdentificationCode1, &d.cmdBareGround, &d.cmdSelect, &d.optPlotBasedSiteDataYes, &d.optNo};
+      for (CheckBox* box : d.VariantBoxes()) group.push_back(box);
+      break;
+    case 1:
+      group = {&d.cmbStandIdentificationCode2};
+      for (const RecordBField& field : RecordBFields(d)) group.push_back(field.control);
+      break;
+    case 2:
+      group = {&d.cmbStandIdentificationCode3, &d.txtGroupCodes};
+      break;
+    case 3:
+      group = {&d.cmbStandIdentificationCode4, &d.lstDataSetNames, &d.cmdAdd, &d.cmdSelectDataSetFile, &d.cmdDelete};
+      break;
+    default:
+      break;
+  }
+  return group;
+}
+
+// The reference box and the constant of a widening combo; null for others.
+struct Widening {
+  const TextBox* reference = nullptr;
+  int constant = 0;
+};
+Widening WideningOf(frmSlfRecord& d, const ListControl& combo) {
+  if (&combo == &d.cmbLocation) return {&d.txtLongitude, kLocationWidening};
+  if (&combo == &d.cmbHabitatType) return {&d.txtLongitude, kHabitatTypeWidening};
+  if (&combo == &d.cmbDiameterGrowthTranslationCode) return {&d.txtStockablePercent, kGrowthTranslationWidening};
+  if (&combo == &d.cmbHeightGrowthTranslationCode) return {&d.txtStockablePercent, kGrowthTranslationWidening};
+  return {};
+}
+
+void SetCaptions(frmSlfRecord& d) {
+  d.tabSlfRecords.TabCaption = {"Record Type A", "Record Type B", "Record Type C", "Record Type D"};
+  d.tabSlfRecords.TabEnabled = {true, true, true, true};
+  d.cmdOk.Caption = "Ok";
+  d.cmdCancel.Caption = "Cancel";
+  d.cmdHelp.Caption = "Help";
+  d.cmdHelp.Visible = false;
+  d.cmdHelp.Enabled = false;
+
+  d.lblStandIdentificationCode1.Caption = "Stand identification code:";
+  d.lblTreeDataSet1.Caption = "Tree Data Set:";
+  d.cmdSelect.Caption = "Select";
+  d.cmdBareGround.Caption = "Bare-ground";
+  d.fraApplicableVariants.Caption = "Applicable Variants:";
+  const auto boxes = d.VariantBoxes();
+  for (std::size_t i = 0; i < boxes.size(); ++i) boxes[i]->Caption = VariantNames[i];
+  d.fraPlotBasedSiteData.Caption = "Plot based site data?";
+  d.optPlotBasedSiteDataYes.Caption = "Yes";
+  d.optNo.Caption = "No";
+
+  for (const Heading& heading : kRecordBHeadings) (d.*heading.label).Caption = heading.caption;
+
+  d.lblStandIdentificationCode3.Caption = "Stand identification code:";
+  d.lblGroupCodes.Caption = "Group codes:";
+  d.lblStandIdentificationCode4.Caption = "Stand identification code:";
+  d.lblDataSetNames.Caption = "Add files:";
+  d.cmdAdd.Caption = "Add";
+  d.cmdSelectDataSetFile.Caption = "Change";
+  d.cmdDelete.Caption = "Delete";
+}
+
+void PlaceWideningCombos(frmSlfRecord& d) {
+  d.txtLongitude.Left = kLongitudeLeft;
+  d.txtLongitude.Width = kLongitudeWidth;
+  d.txtStockablePercent.Left = kStockablePercentLeft;
+  d.txtStockablePercent.Width = kStockablePercentWidth;
+  for (ListControl* combo : {&d.cmbLocation, &d.cmbHabitatType, &d.cmbDiameterGrowthTranslationCode,
+                             &d.cmbHeightGrowthTranslationCode})
+    d.Combo_LostFocus(*combo);
+}
+
+// The line of the active tab's record.
+std::string BuildRecordLine(frmSlfRecord& d) {
+  switch (d.tabSlfRecords.Tab) {
+    case 0: {
+      StandRecordA record;
+      record.code = d.cmbStandIdentificationCode1.Text;
+      record.treeDataSet = d.lblTreeDataSet.Caption;
+      record.withPointData = d.optPlotBasedSiteDataYes.Value;
+      const auto boxes = d.VariantBoxes();
+      for (std::size_t i = 0; i < boxes.size(); ++i) record.variants[i] = boxes[i]->Checked();
+      return BuildRecordA(record);
+    }
+    case 1: {
+      StandRecordB record;
+      record.code = d.cmbStandIdentificationCode2.Text;
+      const auto fields = RecordBFields(d);
+      // The whole texts: the builder keeps only the code at the front of a
+      // list field's row.
+      for (std::size_t i = 0; i < fields.size(); ++i) record.values[i] = *fields[i].text;
+      return BuildRecordB(record);
+    }
+    case 2:
+      return BuildRecordC({d.cmbStandIdentificationCode3.Text, d.txtGroupCodes.Text});
+    default:
+      return BuildRecordD({d.cmbStandIdentificationCode4.Text, d.lstDataSetNames.Items});
+  }
+}
+
+}  // namespace
+
+void frmSlfRecord::Form_Load() {
+  RunEvent([&] {
+    Run().CurrentScreen = "SlfRecord";
+    Caption = std::string(ApplicationTitle) + SlfRecordCaptionSuffix;
+    frmSlf& slf = App().Slf();
+    Left = slf.Left;
+    Top = slf.Top;
+    SetCaptions(*this);
+    PlaceWideningCombos(*this);
+
+    for (int tab = 0; tab < 4; ++tab) CodeCombo(tab)->Clear();
+    for (const RecordBField& field : RecordBFields(*this)) {
+      if (field.combo)
+        field.combo->Clear();
+      else
+        field.text->clear();
+    }
+    txtGroupCodes.Text.clear();
+    lblTreeDataSet.SetCaption("");
+    optPlotBasedSiteDataYes.Value = true;
+    optNo.Value = false;
+
+    SetUnitLabels();
+
+    for (const char* row : HabitatTypeRows) cmbHabitatType.AddItem(row);
+    for (const char* row : GrowthTranslationRows) {
+      cmbDiameterGrowthTranslationCode.AddItem(row);
+      cmbHeightGrowthTranslationCode.AddItem(row);
+    }
+    FillVariantLists();
+
+    // The file's codes, in order of first appearance.
+    for (const std::string& line : slf.lstSlf.Items) {
+      const std::string code = GetRecordToken(line, 2);
+      const auto& known = cmbStandIdentificationCode1.Items;
+      if (std::find(known.begin(), known.end(), code) != known.end()) continue;
+      for (int tab = 0; tab < 4; ++tab) CodeCombo(tab)->AddItem(code);
+    }
+  });
+}
+
+std::array<CheckBox*, kVariantCount> frmSlfRecord::VariantBoxes() {
+  return {&chkAk, &chkBc, &chkBh, &chkBm, &chkCi, &chkEc, &chkEm, &chkNc,
+          &chkNi, &chkSo, &chkSw, &chkTt, &chkUt, &chkWs, &chkKt};
+}
+
+ListControl* frmSlfRecord::CodeCombo(int tab) {
+  switch (tab) {
+    case 0: return &cmbStandIdentificationCode1;
+    case 1: return &cmbStandIdentificationCode2;
+    case 2: return &cmbStandIdentificationCode3;
+    case 3: return &cmbStandIdentificationCode4;
+    default: return nullptr;
+  }
+}
+
+void frmSlfRecord::SetUnitLabels() {
+  const bool metric = App().Slf().cmbVariant.Text == MetricVariant;
+  for (const UnitLabel& unit : kUnitLabels) (this->*unit.label).Caption = metric ? unit.metric : unit.imperial;
+}
+
+bool frmSlfRecord::ValidateRecordFields() {
+  const int tab = tabSlfRecords.Tab;
+  if (const ListControl* combo = CodeCombo(tab)) {
+    const std::string& code = combo->Text;
+    if (TrimBlanks(code).empty() || !IsSingleWord(code)) {
+      ShowMessage("Must enter a Stand Identification Code (no spaces).");
+      return false;
+    }
+    if (code.size() > kMaxCodeLength) {
+      ShowMessage("Stand Identification Code must be 8 characters or less.");
+      return false;
+    }
+  }
+  if (tab == 0) {
+    if (lblTreeDataSet.Caption.empty()) {
+      ShowMessage("Must select a Tree Data Set file.");
+      return false;
+    }
+    int others = 0;
+    for (CheckBox* box : VariantBoxes())
+      if (box != &chkBc && box->Checked()) ++others;
+    if (chkBc.Checked() && others > 0) {
+      ShowMessage("Can't select BC together with any U.S. variant.");
+      return false;
+    }
+  } else if (tab == 1) {
+    for (const FieldTest& test : kRecordBTests) {
+      if (!Passes(this->*test.field, test.rule)) {
+        ShowMessage(test.message);
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+void frmSlfRecord::cmdOk_Click() {
+  RunEvent([&] {
+    if (!ValidateRecordFields()) return;
+    const std::string line = BuildRecordLine(*this);
+    ListControl& lstSlf = App().Slf().lstSlf;
+    lstSlf.Items.at(static_cast<std::size_t>(lstSlf.ListIndex)) = line;
+    App().UnloadSlfRecord();
+    Run().StandListSaved = false;
+  });
+}
+
+void frmSlfRecord::cmdCancel_Click() {
+  RunEvent([&] { App().UnloadSlfRecord(); });
+}
+
+void frmSlfRecord::SetActiveRecordTab(int tab) {
+  for (int group = 0; group < 4; ++group)
+    for (Control* control : TabGroup(*this, group)) control->TabStop = group == tab;
+  if (tab < 0 || tab > 3) ShowMessage("Invalid tab index.");
+}
+
+void frmSlfRecord::tabSlfRecords_Click() {
+  RunEvent([&] { SetActiveRecordTab(tabSlfRecords.Tab); });
+}
+
+void frmSlfRecord::Combo_GotFocus(ListControl& combo) {
+  RunEvent([&] {
+    const Widening widening = WideningOf(*this, combo);
+    if (!widening.reference) return;
+    combo.Left = widening.reference->Left - widening.constant;
+    combo.Width = widening.reference->Width + widening.constant;
+  });
+}
+
+void frmSlfRecord::Combo_LostFocus(ListControl& combo) {
+  RunEvent([&] {
+    const Widening widening = WideningOf(*this, combo);
+    if (!widening.reference) return;
+    combo.Left = widening.reference->Left;
+    combo.Width = widening.reference->Width;
+  });
+}
 
 }  // namespace corvalin

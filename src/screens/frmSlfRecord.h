@@ -6,14 +6,24 @@
 // before it opens the dialog through App().ShowModal.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
+#include "standlist/VariantTables.h"
 
 namespace corvalin {
 
 inline constexpr const char* SlfRecordCaptionSuffix = " - Edit Stand List File Record";
+inline constexpr const char* TreeDataSetDialogTitle = " - Select Tree Data Set";
+inline constexpr const char* TreeDataSetDialogFilter = "Tree List (*.tre) | *.tre |All Files (*.*) | *.*";
+inline constexpr const char* AddFileDialogTitle = " - Select Add File";
+inline constexpr const char* AddFileDialogFilter = "Keyword files (*.key) | *.key |All Files (*.*) | *.*";
+// The four widening combos take their place from these, in twips.
+inline constexpr int kLocationWidening = 1500;
+inline constexpr int kHabitatTypeWidening = 1650;
+inline constexpr int kGrowthTranslationWidening = 1500;
 
 class frmSlfRecord : public Screen {
  public:
@@ -27,13 +37,18 @@ class frmSlfRecord : public Screen {
   Button cmdHelp;
 
   // Tab 0, record A.
+  Label lblStandIdentificationCode1;
   ListControl cmbStandIdentificationCode1;
+  Label lblTreeDataSet1;  // the heading of lblTreeDataSet
   Label lblTreeDataSet;
   Button cmdSelect;
   Button cmdBareGround;
   CheckBox chkAk, chkBc, chkBh, chkBm, chkCi, chkEc, chkEm, chkNc, chkNi, chkSo, chkSw, chkTt, chkUt, chkWs, chkKt;
   OptionButton optPlotBasedSiteDataYes;
   OptionButton optNo;
+  // The frames' captions.
+  Label fraApplicableVariants;
+  Label fraPlotBasedSiteData;
 
   // Tab 1, record B, in token order.
   ListControl cmbStandIdentificationCode2;
@@ -62,6 +77,27 @@ class frmSlfRecord : public Screen {
   TextBox txtMaximumStandDensityIndex;
   ListControl cmbSiteSpecies;
   TextBox txtSiteIndex;
+  // The headings of the fields of tab 1, each named after its field.
+  Label lblStandIdentificationCode2;
+  Label lblInventoryYear;
+  Label lblLatitude;
+  Label lblLongitude;
+  Label lblLocation;
+  Label lblHabitatType;
+  Label lblStandOrigin;
+  Label lblAspect;
+  Label lblSlope;
+  Label lblInverseOfFixedPlotSize;
+  Label lblNumberOfPlots;
+  Label lblNumberOfStockablePlots;
+  Label lblStandSamplingWeight;
+  Label lblStockablePercent;
+  Label lblDiameterGrowthTranslationCode;
+  Label lblDiameterGrowthMeasurePeriod;
+  Label lblHeightGrowthTranslationCode;
+  Label lblHeightGrowthMeasurementPeriod;
+  Label lblMortalityMeasurementPeriod;
+  Label lblSiteSpecies;
   // The six labels whose units follow the variant on frmSlf.
   Label lblElevation;
   Label lblBasalAreaFactor;
@@ -71,11 +107,15 @@ class frmSlfRecord : public Screen {
   Label lblSiteIndex;
 
   // Tab 2, record C.
+  Label lblStandIdentificationCode3;
   ListControl cmbStandIdentificationCode3;
+  Label lblGroupCodes;
   TextBox txtGroupCodes;
 
   // Tab 3, record D.
+  Label lblStandIdentificationCode4;
   ListControl cmbStandIdentificationCode4;
+  Label lblDataSetNames;
   ListControl lstDataSetNames;
   Button cmdAdd;
   Button cmdSelectDataSetFile;
@@ -102,6 +142,11 @@ class frmSlfRecord : public Screen {
   void SetActiveRecordTab(int tab);
   // Sets the unit labels by the variant on frmSlf.
   void SetUnitLabels();
+
+  // The code combo of a tab (0 to 3), or null for any other tab.
+  ListControl* CodeCombo(int tab);
+  // The variant boxes in the order of the variants (and of the tags).
+  std::array<CheckBox*, kVariantCount> VariantBoxes();
 };
 
 // Fills cmbSiteSpecies by the variant on frmHeaders (cleared first) and adds
