@@ -7,10 +7,13 @@
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
+#include "shell/Toolkit.h"
 
 namespace corvalin {
 
 inline constexpr const char* LocationRecordCaptionSuffix = " - Edit Location Record";
+inline constexpr const char* StandListDialogTitle = " - Select Stand List File";
+inline constexpr const char* StandListDialogFilter = "Stand Level Files (*.slf) | *.slf |All Files (*.*) | *.*";
 
 class frmLocationRecord : public Screen {
  public:
@@ -19,12 +22,16 @@ class frmLocationRecord : public Screen {
   void DismissAsCancelled() override { cmdCancel_Click(); }
 
   TabStrip tabLocationRecords;
+  Label lblLocationName1;  // the heading of txtLocationName
   TextBox txtLocationName;
+  Label lblSlf1;           // the heading of lblSlf
   Label lblSlf;
   Button cmdSelectSlf;
   Button cmdOk;
   Button cmdCancel;
   Button cmdHelp;
+  // The stand list dialog, set up at load.
+  FileDialogRequest cmnSlfDialog;
 
   void cmdSelectSlf_Click();
   void cmdOk_Click();
