@@ -530,5 +530,16 @@ TEST_F(EditStandRecordTest, DoubleClickKeepsTheFolderEndAndReplacesTheEntryWithA
   EXPECT_EQ(d.lstDataSetNames.Items, Texts{"/elsewhere/thin.key"});
 }
 
+TEST_F(EditStandRecordTest, DoubleClickWithNothingSelectedReportsTheMissingEntry) {
+  frmSlfRecord& d = NewRecord(3);
+  d.lstDataSetNames.Items = {"a.key"};
+  d.lstDataSetNames_DblClick();
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "[9] Subscript out of range");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Exclamation);
+  EXPECT_TRUE(ui.fileDialogs.empty());
+  EXPECT_EQ(d.lstDataSetNames.Items, Texts{"a.key"});
+}
+
 }  // namespace
 }  // namespace corvalin
