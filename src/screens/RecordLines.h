@@ -21,20 +21,27 @@ struct RecordLineButtons {
 // (none: all off; first of one: Edit and Delete; first of more: and Down;
 // last: and Up; any other: all on).
 void EnableRecordLineButtons(const ListControl& list, RecordLineButtons buttons);
+// The program's selection of a line: as with a list box, setting the
+// selection runs the list's click.
+void SelectRecordLine(ListControl& list, int index, RecordLineButtons buttons);
 
 // Inserts the placeholder behind the selected line (at the end when nothing
 // is selected) and selects it.
-void InsertPlaceholder(ListControl& list, const std::string& placeholder);
+void InsertPlaceholder(ListControl& list, const std::string& placeholder, RecordLineButtons buttons);
 // After the new record's dialog closed: when the selected row is still the
 // placeholder (the dialog was cancelled), removes it and selects the row
-// before it, or the new first row when it stood first.
-void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placeholder);
+// before it, or the new first row when it stood first. With no row left
+// nothing is selected and the buttons stay as they are.
+void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placeholder, RecordLineButtons buttons);
 
 // Removes the selected line and selects the line now at its index, else the
-// last line; with no line left, the four buttons are disabled.
+// last line; with no line left, the four buttons are disabled. With nothing
+// selected it is the error "Invalid procedure call or argument", as removing
+// the row at -1 from a list box is.
 void DeleteSelectedLine(ListControl& list, RecordLineButtons buttons);
 // Swap the selected line with its neighbour; the selection follows, and the
-// buttons change as the editors' Up and Down say.
+// buttons change as the editors' Up and Down say. A line that has no
+// neighbour on that side (the buttons are off then) stays where it is.
 void MoveSelectedLineUp(ListControl& list, RecordLineButtons buttons);
 void MoveSelectedLineDown(ListControl& list, RecordLineButtons buttons);
 

@@ -11,6 +11,7 @@
 #include "screens/Application.h"
 #include "screens/frmColumns.h"
 #include "screens/frmDamageSeverity.h"
+#include "screens/frmSlf.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
 #include "shell/Error.h"
@@ -539,10 +540,8 @@ void frmHeaders::cmdNext_Click() {
 }
 
 Screen& frmHeaders::ScreenAfterTranslation() {
-  Screen* next = nullptr;
-  if (App().Template().chkEditStandListFile.Checked() && StandListScreen) next = StandListScreen();
-  if (next == nullptr) next = &App().Template();
-  return *next;
+  if (App().Template().chkEditStandListFile.Checked()) return App().Slf();
+  return App().Template();
 }
 
 void frmHeaders::cmdBack_Click() {

@@ -161,12 +161,8 @@ class frmHeaders : public Screen {
   std::function<void(frmTemplateName&)> ShowTemplateNameDialog;
   // Shows frmDamageSeverity modally, likewise.
   std::function<void(frmDamageSeverity&)> ShowDamageSeverityDialog;
-  // The stand list screen, the next screen when stand list files are edited
-  // too. Set by whoever owns that screen; without it Next goes back to the
-  // first screen.
-  std::function<Screen*()> StandListScreen;
-  // Where the wizard goes after a translation: the stand list screen when
-  // stand list files are edited too and there is one, else the first screen.
+  // Where the wizard goes after a translation: the stand list editor when
+  // stand list files are edited too, else the first screen.
   Screen& ScreenAfterTranslation();
   // Opens the damage/severity dialog over the current row's cell of
   // ButtonColumn, preloaded from the cell's text.

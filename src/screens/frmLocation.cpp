@@ -1,21 +1,180 @@
 #include "screens/frmLocation.h"
 
+#include "screens/Application.h"
+#include "screens/frmLocationRecord.h"
+#include "screens/frmSlf.h"
+#include "screens/frmTemplate.h"
+#include "shell/AppUtil.h"
+#include "shell/Failure.h"
+#include "shell/Help.h"
+#include "shell/RunState.h"
+#include "shell/Text.h"
+#include "shell/TextFile.h"
+#include "shell/Toolkit.h"
+#include "standlist/StandLevelFile.h"
+
 namespace corvalin {
 
-void frmLocation::Form_Load() { }
-void frmLocation::lstLocation_Click() { }
-void frmLocation::lstLocation_DblClick() { }
-void frmLocation::cmdInsertA_Click() { }
-void frmLocation::cmdUp_Click() { }
-void frmLocation::cmdDown_Click() { }
-void frmLocation::cmdEdit_Click() { }
-void frmLocation::cmdDelete_Click() { }
-void frmLocation::cmdSave_Click() { }
-void frmLocation::cmdDone_Click() { }
-void frmLocation::cmdBack_Click() { }
-void frmLocation::cmdQuit_Click() { }
-void frmLocation::cmdHelp_Click() { }
-bool frmLocation::Form_QueryUnload(CloseReason reason) { return false; }
-void WriteLocationFile() {}
+frmLocation::frmLocation() {
+  cmdInsertA.Caption = "Record A";
+  cmdUp.Caption = "Up";
+  cmdDown.Caption = "Down";
+  cmdEdit.Caption = "Edit";
+  cmdDelete.Caption = "Delete";
+  cmdSave.Caption = "Save";
+  cmdDone.Caption = "Done";
+  cmdBack.Caption = "<< Back";
+  cmdQuit.Caption = "Quit";
+  cmdHelp.Caption = "Help";
+  cmdHelp.Visible = false;
+  cmdHelp.Enabled = false;
+}
+
+RecordLineButtons frmLocation::LineButtons() { return {cmdUp, cmdDown, cmdEdit, cmdDelete}; }
+
+// ---------------------------------------------------------------- load
+
+void frmLocation::Form_Load() {
+  Run().CurrentScreen = "Location";
+  Caption = std::string(ApplicationTitle) + LocationCaptionSuffix;
+  Run().LocationFileSaved = true;
+  // A location file that cannot be read, or does not exist yet, is an empty
+  // list: the file comes into being at the first saving.
+  try {
+    AddFileLines(lstLocation, App().Template().lblLocationsFile.Caption);
+    SelectCurrentStandList();
+  } catch (const std::exception&) {
+  }
+  if (lstLocation.ListCount() == 0) {
+    lstLocation_Click();
+  } else if (lstLocation.ListIndex < 0) {
+    SelectRecordLine(lstLocation, 0, LineButtons());
+  }
+}
+
+void frmLocation::SelectCurrentStandList() {
+  // The first location whose stand list is the one being edited.
+  const std::string standList = ToLower(ShortenWorkPath(App().Template().lblSlfFile.Caption));
+  for (int i = 0; i < lstLocation.ListCount(); ++i) {
+    const std::string& line = lstLocation.Items[static_cast<std::size_t>(i)];
+    if (!StartsWith(line, "A")) continue;
+    if (ToLower(GetRecordToken(line, 4)) == standList) {
+      SelectRecordLine(lstLocation, i, LineButtons());
+      return;
+    }
+  }
+}
+
+// ---------------------------------------------------------------- the list
+
+void frmLocation::lstLocation_Click() {
+  RunEvent([&] { EnableRecordLineButtons(lstLocation, LineButtons()); });
+}
+
+void frmLocation::lstLocation_DblClick() { cmdEdit_Click(); }
+
+void frmLocation::cmdEdit_Click() {
+  RunEvent([&] {
+    const int at = lstLocation.ListIndex;
+    EditLocationRecord(at >= 0 && at < lstLocation.ListCount() ? lstLocation.Items[static_cast<std::size_t>(at)] : "");
+  });
+}
+
+void frmLocation::cmdInsertA_Click() {
+  RunEvent([&] {
+    UI().SetBusyPointer(true);
+    frmLocationRecord& record = App().LocationRecord();
+    UI().SetBusyPointer(false);
+    InsertPlaceholder(lstLocation, NewLocationPlaceholder, LineButtons());
+    // A new location offers the stand list being edited.
+    record.lblSlf.Caption = App().Template().lblSlfFile.Caption;
+    App().ShowModal(record);
+    RemovePlaceholderIfCancelled(lstLocation, NewLocationPlaceholder, LineButtons());
+  });
+}
+
+void frmLocation::cmdDelete_Click() {
+  RunEvent([&] {
+    DeleteSelectedLine(lstLocation, LineButtons());
+    Run().LocationFileSaved = false;
+  });
+}
+
+// Moving lines alone is no change of the file: Done does not save it.
+void frmLocation::cmdUp_Click() {
+  RunEvent([&] { MoveSelectedLineUp(lstLocation, LineButtons()); });
+}
+
+void frmLocation::cmdDown_Click() {
+  RunEvent([&] { MoveSelectedLineDown(lstLocation, LineButtons()); });
+}
+
+// ---------------------------------------------------------------- the file
+
+void frmLocation::cmdSave_Click() {
+  RunEvent([] {
+    UI().SetBusyPointer(true);
+    WriteLocationFile();
+    ShowMessage("Location file saved.");
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmLocation::cmdDone_Click() {
+  RunEvent([&] {
+    UI().SetBusyPointer(true);
+    if (!Run().LocationFileSaved) {
+      // Location records have no rules of their own; the editing flow is not
+      // closed on a stand list in bad order.
+      if (!ValidateStandList()) {
+        UI().SetBusyPointer(false);
+        return;
+      }
+      WriteLocationFile();
+      ShowMessage("Location file saved.");
+    }
+    HandOverTo(App().Template());
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmLocation::cmdBack_Click() {
+  RunEvent([&] {
+    UI().SetBusyPointer(true);
+    HandOverTo(App().Slf());
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmLocation::cmdQuit_Click() {
+  RunEvent([] { ConfirmQuit(); });
+}
+
+void frmLocation::cmdHelp_Click() {
+  RunEvent([&] { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); });
+}
+
+bool frmLocation::Form_QueryUnload(CloseReason reason) {
+  switch (reason) {
+    case CloseReason::ControlMenu:
+      RunEvent([] { ConfirmQuit(); });
+      return true;
+    case CloseReason::ProgramUnload:
+      return false;
+    case CloseReason::Other:
+      RunEvent([] { EndProgram(); });
+      return false;
+  }
+  return false;
+}
+
+void WriteLocationFile() {
+  try {
+    WriteLinesInPlace(App().Template().lblLocationsFile.Caption, App().Location().lstLocation.Items);
+    Run().LocationFileSaved = true;
+  } catch (const std::exception& error) {
+    ReportNamedFailure(WritingLocationFileFailed, AsRuntimeError(error));
+  }
+}
 
 }  // namespace corvalin

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "screens/Controls.h"
+#include "screens/RecordLines.h"
 #include "screens/Screen.h"
 
 namespace corvalin {
@@ -15,6 +16,7 @@ inline constexpr const char* NewLocationPlaceholder = " *** new record A *** ";
 
 class frmLocation : public Screen {
  public:
+  frmLocation();
   const char* Name() const override { return "frmLocation"; }
   void Form_Load() override;
 
@@ -41,6 +43,12 @@ class frmLocation : public Screen {
   void cmdHelp_Click();
   // Returns whether the close is cancelled.
   bool Form_QueryUnload(CloseReason reason);
+
+  // The four buttons that act on the selected line.
+  RecordLineButtons LineButtons();
+
+ private:
+  void SelectCurrentStandList();
 };
 
 // Writes every line of lstLocation to the file named by lblLocationsFile on

@@ -1,28 +1,260 @@
 #include "screens/frmSlf.h"
 
+#include "screens/Application.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmLocation.h"
+#include "screens/frmSlfRecord.h"
+#include "screens/frmTemplate.h"
+#include "shell/AppUtil.h"
+#include "shell/Error.h"
+#include "shell/Failure.h"
+#include "shell/Help.h"
+#include "shell/RunState.h"
+#include "shell/Settings.h"
+#include "shell/Text.h"
+#include "shell/TextFile.h"
+#include "shell/Toolkit.h"
+#include "standlist/StandLevelFile.h"
+#include "standlist/StandListRules.h"
+#include "standlist/VariantTables.h"
+
 namespace corvalin {
 
-void frmSlf::Form_Load() { }
-void frmSlf::lstSlf_Click() { }
-void frmSlf::lstSlf_DblClick() { }
-void frmSlf::cmbVariant_Click() { }
-void frmSlf::SelectVariant(int index) { }
-void frmSlf::cmdInsertA_Click() { }
-void frmSlf::cmdInsertB_Click() { }
-void frmSlf::cmdInsertC_Click() { }
-void frmSlf::cmdInsertD_Click() { }
-void frmSlf::cmdUp_Click() { }
-void frmSlf::cmdDown_Click() { }
-void frmSlf::cmdEdit_Click() { }
-void frmSlf::cmdDelete_Click() { }
-void frmSlf::cmdValidate_Click() { }
-void frmSlf::cmdSave_Click() { }
-void frmSlf::cmbNext_Click() { }
-void frmSlf::cmdBack_Click() { }
-void frmSlf::cmdQuit_Click() { }
-void frmSlf::cmdHelp_Click() { }
-bool frmSlf::Form_QueryUnload(CloseReason reason) { return false; }
-bool ValidateStandList() { return false; }
-void WriteStandListFile() {}
+namespace {
+
+constexpr const char* kSettingsSection = "Corvalin";
+constexpr const char* kDefaultVariant = "BC";
+constexpr int kInvalidPropertyValue = 380;
+constexpr int kRecordTabs = 4;
+
+// The code combo of a record's tab, which a new B, C or D record gets from
+// the line above it; record A has none to take.
+ListControl* CodeComboOfTab(frmSlfRecord& record, int tab) {
+  switch (tab) {
+    case 1: return &record.cmbStandIdentificationCode2;
+    case 2: return &record.cmbStandIdentificationCode3;
+    case 3: return &record.cmbStandIdentificationCode4;
+    default: return nullptr;
+  }
+}
+
+std::string SelectedLineOrEmpty(const ListControl& list) {
+  if (list.ListIndex < 0 || list.ListIndex >= list.ListCount()) return "";
+  return list.Items[static_cast<std::size_t>(list.ListIndex)];
+}
+
+}  // namespace
+
+frmSlf::frmSlf() {
+  cmdInsertA.Caption = "Record A";
+  cmdInsertB.Caption = "Record B";
+  cmdInsertC.Caption = "Record C";
+  cmdInsertD.Caption = "Record D";
+  cmdUp.Caption = "Up";
+  cmdDown.Caption = "Down";
+  cmdEdit.Caption = "Edit";
+  cmdDelete.Caption = "Delete";
+  cmdValidate.Caption = "Validate";
+  cmdSave.Caption = "Save";
+  cmbNext.Caption = "Next >>";
+  cmdBack.Caption = "<< Back";
+  cmdQuit.Caption = "Quit";
+  cmdHelp.Caption = "Help";
+  cmdHelp.Visible = false;
+  cmdHelp.Enabled = false;
+}
+
+RecordLineButtons frmSlf::LineButtons() { return {cmdUp, cmdDown, cmdEdit, cmdDelete}; }
+
+// ---------------------------------------------------------------- load
+
+void frmSlf::Form_Load() {
+  Run().CurrentScreen = "Slf";
+  Caption = std::string(ApplicationTitle) + SlfCaptionSuffix;
+  Run().StandListSaved = true;
+  for (const char* variant : VariantNames) cmbVariant.AddItem(variant);
+  ChooseVariant();
+  // A stand list file that cannot be read, or does not exist yet, is an
+  // empty list: the file comes into being at the first saving.
+  try {
+    AddFileLines(lstSlf, App().Template().lblSlfFile.Caption);
+    SelectCurrentStand();
+  } catch (const std::exception&) {
+  }
+  if (lstSlf.ListCount() == 0) {
+    lstSlf_Click();
+  } else if (lstSlf.ListIndex < 0) {
+    SelectRecordLine(lstSlf, 0, LineButtons());
+  }
+}
+
+void frmSlf::ChooseVariant() {
+  // After a translation the stand list follows the variant of the grid.
+  if (App().Template().chkTranslateFile.Checked()) {
+    SelectVariant(App().Headers().cmbVariant.ListIndex);
+    return;
+  }
+  RunState& run = Run();
+  run.OrvanVariant = GetSetting(SettingsApplication, kSettingsSection, "OrvanVariant", kDefaultVariant);
+  // The search starts at row 1 and runs one past the last row, whose text is
+  // empty: a stored "AK" is never found.
+  for (int i = 1; i <= cmbVariant.ListCount(); ++i) {
+    const bool pastLast = i >= cmbVariant.ListCount();
+    const std::string row = pastLast ? "" : cmbVariant.Items[static_cast<std::size_t>(i)];
+    if (row == run.OrvanVariant) {
+      if (pastLast) Raise(kInvalidPropertyValue, "Corvalin", "Invalid property value");
+      SelectVariant(i);
+      return;
+    }
+  }
+  ShowMessage("Unknown Orvan Variant specified: " + run.OrvanVariant);
+}
+
+void frmSlf::SelectCurrentStand() {
+  // The record A that already points to the file the translation wrote.
+  const std::string output = ToLower(ShortenWorkPath(App().Template().lblOutputFile.Caption));
+  for (int i = 0; i < lstSlf.ListCount(); ++i) {
+    const std::string& line = lstSlf.Items[static_cast<std::size_t>(i)];
+    if (!StartsWith(line, "A")) continue;
+    if (ToLower(GetRecordToken(line, 3)) == output) {
+      SelectRecordLine(lstSlf, i, LineButtons());
+      return;
+    }
+  }
+}
+
+// ---------------------------------------------------------------- the list
+
+void frmSlf::lstSlf_Click() { EnableRecordLineButtons(lstSlf, LineButtons()); }
+
+void frmSlf::lstSlf_DblClick() { EditStandRecord(SelectedLineOrEmpty(lstSlf)); }
+
+void frmSlf::cmdEdit_Click() { EditStandRecord(SelectedLineOrEmpty(lstSlf)); }
+
+void frmSlf::cmbVariant_Click() {
+  // The variant only chooses the dialog's lists; it is kept in no setting.
+  RunEvent([] { FillVariantLists(); });
+}
+
+void frmSlf::SelectVariant(int index) {
+  cmbVariant.Select(index);
+  cmbVariant_Click();
+}
+
+void frmSlf::InsertRecord(int tab, const std::string& placeholder) {
+  UI().SetBusyPointer(true);
+  frmSlfRecord& record = App().SlfRecord();
+  UI().SetBusyPointer(false);
+  InsertPlaceholder(lstSlf, placeholder, LineButtons());
+  record.tabSlfRecords.TabEnabled.assign(kRecordTabs, false);
+  record.tabSlfRecords.TabEnabled[static_cast<std::size_t>(tab)] = true;
+  record.tabSlfRecords.Tab = tab;
+  if (tab == 0) {
+    // A new record A offers the file that the translation wrote.
+    record.lblTreeDataSet.Caption = App().Template().lblOutputFile.Caption;
+  } else if (lstSlf.ListIndex >= 1) {
+    // Where the record lands is for the sequence rules to judge; the code of
+    // the line above is only a suggestion.
+    const std::string& above = lstSlf.Items[static_cast<std::size_t>(lstSlf.ListIndex - 1)];
+    CodeComboOfTab(record, tab)->Text = GetRecordToken(above, 2);
+  }
+  record.SetActiveRecordTab(tab);
+  App().ShowModal(record);
+  RemovePlaceholderIfCancelled(lstSlf, placeholder, LineButtons());
+}
+
+void frmSlf::cmdInsertA_Click() { InsertRecord(0, NewRecordAPlaceholder); }
+void frmSlf::cmdInsertB_Click() { InsertRecord(1, NewRecordBPlaceholder); }
+void frmSlf::cmdInsertC_Click() { InsertRecord(2, NewRecordCPlaceholder); }
+void frmSlf::cmdInsertD_Click() { InsertRecord(3, NewRecordDPlaceholder); }
+
+void frmSlf::cmdDelete_Click() {
+  DeleteSelectedLine(lstSlf, LineButtons());
+  Run().StandListSaved = false;
+}
+
+// Moving lines alone is no change of the file: Next does not save it.
+void frmSlf::cmdUp_Click() { MoveSelectedLineUp(lstSlf, LineButtons()); }
+void frmSlf::cmdDown_Click() { MoveSelectedLineDown(lstSlf, LineButtons()); }
+
+// ---------------------------------------------------------------- the file
+
+void frmSlf::cmdValidate_Click() {
+  if (ValidateStandList()) ShowMessage("Stand List File data validated.");
+}
+
+void frmSlf::cmdSave_Click() {
+  UI().SetBusyPointer(true);
+  if (ValidateStandList()) {
+    WriteStandListFile();
+    ShowMessage("Stand List File saved.");
+  }
+  UI().SetBusyPointer(false);
+}
+
+void frmSlf::cmbNext_Click() {
+  RunEvent([&] {
+    UI().SetBusyPointer(true);
+    // With nothing changed since the load or the last saving the file is
+    // not looked at again, however it stands on disk.
+    if (!Run().StandListSaved) {
+      if (!ValidateStandList()) {
+        UI().SetBusyPointer(false);
+        return;
+      }
+      WriteStandListFile();
+      ShowMessage("Stand List File saved.");
+    }
+    HandOverTo(App().Location());
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmSlf::cmdBack_Click() {
+  UI().SetBusyPointer(true);
+  if (App().Template().chkTranslateFile.Checked()) {
+    HandOverTo(App().Headers());
+  } else {
+    HandOverTo(App().Template());
+  }
+  UI().SetBusyPointer(false);
+}
+
+void frmSlf::cmdQuit_Click() { ConfirmQuit(); }
+
+void frmSlf::cmdHelp_Click() { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); }
+
+bool frmSlf::Form_QueryUnload(CloseReason reason) {
+  switch (reason) {
+    case CloseReason::ControlMenu:
+      ConfirmQuit();
+      return true;
+    case CloseReason::ProgramUnload:
+      return false;
+    case CloseReason::Other:
+      EndProgram();
+      return false;
+  }
+  return false;
+}
+
+bool ValidateStandList() {
+  ListControl& list = App().Slf().lstSlf;
+  const int before = list.ListIndex;
+  // The walk moves the selection to the offending line before it shows its
+  // message, so the line is selected while the message is read.
+  const bool valid = CheckStandListSequence(list.Items, list.ListIndex);
+  if (list.ListIndex != before) SelectRecordLine(list, list.ListIndex, App().Slf().LineButtons());
+  return valid;
+}
+
+void WriteStandListFile() {
+  try {
+    WriteLinesInPlace(App().Template().lblSlfFile.Caption, App().Slf().lstSlf.Items);
+    Run().StandListSaved = true;
+  } catch (const std::exception& error) {
+    ReportNamedFailure(WritingSlfFileFailed, AsRuntimeError(error));
+  }
+}
 
 }  // namespace corvalin

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "screens/Controls.h"
+#include "screens/RecordLines.h"
 #include "screens/Screen.h"
 
 namespace corvalin {
@@ -21,6 +22,7 @@ inline constexpr const char* NewRecordDPlaceholder = " *** new record D *** ";
 
 class frmSlf : public Screen {
  public:
+  frmSlf();
   const char* Name() const override { return "frmSlf"; }
   void Form_Load() override;
 
@@ -57,6 +59,16 @@ class frmSlf : public Screen {
   void cmdHelp_Click();
   // Returns whether the close is cancelled.
   bool Form_QueryUnload(CloseReason reason);
+
+  // The four buttons that act on the selected line.
+  RecordLineButtons LineButtons();
+
+ private:
+  void ChooseVariant();
+  void SelectCurrentStand();
+  // The work of the four insert buttons: the placeholder behind the
+  // selection, the record's tab alone enabled and active, then the dialog.
+  void InsertRecord(int tab, const std::string& placeholder);
 };
 
 // The sequence rules over lstSlf; messages through ShowMessage, and the

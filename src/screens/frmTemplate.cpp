@@ -66,9 +66,17 @@ std::size_t InStrBlank(const std::string& text, std::size_t start) {
 // Only the input is opened to check it; the other files are taken by name
 // (the output may not exist yet).
 enum class FileCheck { OpenForInput, NameOnly };
-// The column and grid screens hold what they read through the input and
-// output files: a change of either unloads them.
-enum class FileFeedsGrid { No, Yes };
+
+// The screens that hold what they read through a file: a change of the file
+// unloads them, so that their next load reads it anew. The column and grid
+// screens hang on the input and output files, the editors on their own file.
+using UnloadReaders = void (*)();
+void UnloadGridScreens() {
+  App().UnloadColumns();
+  App().UnloadHeaders();
+}
+void UnloadStandListEditor() { App().UnloadSlf(); }
+void UnloadLocationEditor() { App().UnloadLocation(); }
 
 // One of the screen's file labels and its partner, the file it may not be.
 struct FileLabel {
@@ -78,7 +86,7 @@ struct FileLabel {
   const char* sameAsPartner;
   const char* cannotOpen;
   FileCheck check;
-  FileFeedsGrid feedsGrid;
+  UnloadReaders unloadReaders;
 };
 
 // What a file label does with its new caption. An empty caption leaves the
@@ -99,10 +107,7 @@ void TakeFileLabel(frmTemplate& screen, const FileLabel& file, RefuseSame refuse
       file.valid = true;
       file.label.Red = false;
     }
-    if (file.feedsGrid == FileFeedsGrid::Yes) {
-      App().UnloadColumns();
-      App().UnloadHeaders();
-    }
+    file.unloadReaders();
     screen.UpdateNextButtons();
   } catch (const std::exception&) {
     file.valid = false;
@@ -290,25 +295,22 @@ void frmTemplate::lblInputFile_Change() {
   Run().InputPreviewLoaded = false;
   TakeFileLabel(*this,
                 {lblInputFile, lblOutputFile, Run().InputFileValid, "Input and output cannot be the same file.",
-                 "Can't open input file.", FileCheck::OpenForInput, FileFeedsGrid::Yes},
+                 "Can't open input file.", FileCheck::OpenForInput, UnloadGridScreens},
                 [this] { lblInputFile.SetCaption(""); });
 }
 
 void frmTemplate::lblOutputFile_Change() {
   TakeFileLabel(*this,
                 {lblOutputFile, lblInputFile, Run().OutputFileValid, "Input and output cannot be the same file.",
-                 "Can't open output file.", FileCheck::NameOnly, FileFeedsGrid::Yes},
+                 "Can't open output file.", FileCheck::NameOnly, UnloadGridScreens},
                 [this] { lblOutputFile.SetCaption(""); });
 }
 
-// frmSlf and frmLocation, the stand list and location editors, are unloaded
-// on a change of their file once they are part of the program; until then
-// nothing holds a stale stand list or location file.
 void frmTemplate::lblSlfFile_Change() {
   TakeFileLabel(*this,
                 {lblSlfFile, lblLocationsFile, Run().StandListFileValid,
                  "Stand List File and Location File cannot be the same.", "Can't open Stand List File.",
-                 FileCheck::NameOnly, FileFeedsGrid::No},
+                 FileCheck::NameOnly, UnloadStandListEditor},
                 [] {
                   // The caption is emptied through the screen's controls by the name
                   // "lblStandListFile", which is not a control of this screen: the
@@ -321,7 +323,7 @@ void frmTemplate::lblLocationsFile_Change() {
   TakeFileLabel(*this,
                 {lblLocationsFile, lblSlfFile, Run().LocationFileValid,
                  "Stand List File and Location File cannot be the same.", "Can't open location file.",
-                 FileCheck::NameOnly, FileFeedsGrid::No},
+                 FileCheck::NameOnly, UnloadLocationEditor},
                 [this] { lblLocationsFile.SetCaption(""); });
 }
 

@@ -1,0 +1,95 @@
+#include "screens/RecordLines.h"
+
+#include <string_view>
+
+#include "shell/Error.h"
+#include "worktable/InputLines.h"
+
+namespace corvalin {
+
+namespace {
+
+std::size_t At(int index) { return static_cast<std::size_t>(index); }
+
+void SwapLines(ListControl& list, int a, int b) { std::swap(list.Items[At(a)], list.Items[At(b)]); }
+
+}  // namespace
+
+void EnableRecordLineButtons(const ListControl& list, RecordLineButtons buttons) {
+  const int index = list.ListIndex;
+  const bool selected = index >= 0;
+  buttons.edit.Enabled = selected;
+  buttons.del.Enabled = selected;
+  buttons.up.Enabled = selected && index > 0;
+  buttons.down.Enabled = selected && index < list.ListCount() - 1;
+}
+
+void SelectRecordLine(ListControl& list, int index, RecordLineButtons buttons) {
+  list.Select(index);
+  EnableRecordLineButtons(list, buttons);
+}
+
+void InsertPlaceholder(ListControl& list, const std::string& placeholder, RecordLineButtons buttons) {
+  int at = list.ListCount();
+  if (list.ListIndex >= 0) at = list.ListIndex + 1;
+  list.Items.insert(list.Items.begin() + at, placeholder);
+  SelectRecordLine(list, at, buttons);
+}
+
+void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placeholder, RecordLineButtons buttons) {
+  const int at = list.ListIndex;
+  if (at < 0 || at >= list.ListCount() || list.Items[At(at)] != placeholder) return;
+  list.Items.erase(list.Items.begin() + at);
+  list.Select(-1);
+  if (at >= 1) {
+    SelectRecordLine(list, at - 1, buttons);
+  } else if (list.ListCount() > 0) {
+    SelectRecordLine(list, 0, buttons);
+  }
+}
+
+void DeleteSelectedLine(ListControl& list, RecordLineButtons buttons) {
+  const int at = list.ListIndex;
+  if (at < 0 || at >= list.ListCount()) Raise(err::InvalidProcedureCall);
+  list.Items.erase(list.Items.begin() + at);
+  list.Select(-1);
+  if (at < list.ListCount()) {
+    SelectRecordLine(list, at, buttons);
+  } else if (list.ListCount() > 0) {
+    SelectRecordLine(list, list.ListCount() - 1, buttons);
+  } else {
+    buttons.up.Enabled = false;
+    buttons.down.Enabled = false;
+    buttons.edit.Enabled = false;
+    buttons.del.Enabled = false;
+  }
+}
+
+void MoveSelectedLineUp(ListControl& list, RecordLineButtons buttons) {
+  const int at = list.ListIndex;
+  if (at < 1 || at >= list.ListCount()) return;
+  SwapLines(list, at, at - 1);
+  list.Select(at - 1);
+  buttons.down.Enabled = true;
+  if (list.ListIndex == 0) buttons.up.Enabled = false;
+}
+
+void MoveSelectedLineDown(ListControl& list, RecordLineButtons buttons) {
+  const int at = list.ListIndex;
+  if (at < 0 || at >= list.ListCount() - 1) return;
+  SwapLines(list, at, at + 1);
+  list.Select(at + 1);
+  buttons.up.Enabled = true;
+  if (list.ListIndex == list.ListCount() - 1) buttons.down.Enabled = false;
+}
+
+void AddFileLines(ListControl& list, const std::string& path) {
+  InputLines lines(path);
+  std::string_view line;
+  while (!lines.AtEnd()) {
+    lines.Next(line);
+    list.AddItem(std::string(line));
+  }
+}
+
+}  // namespace corvalin
