@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ProgramRun.h"
+#include "TemplateText.h"
 #include "TestSupport.h"
 
 namespace corvalin {
@@ -15,29 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ProgramRun;
+using testing::FiveColumnTemplate;
 using testing::ReadFile;
 using testing::RunCorvalin;
 using testing::UnattendedRun;
 using testing::WriteFile;
-
-// A template of five comma-separated columns: Plot ID, Tree ID, Tree Count,
-// Species and DBH in the given units, under the given variant and system.
-std::string FiveColumnTemplate(const std::string& variantLine, const std::string& system, const std::string& dbhUnits,
-                               const std::string& firstHeader = "Plot ID") {
-  std::string t =
-      "[COLUMN_DELIMITERS]\r\nFixedWidth=NO\r\nComma=YES\r\nTab=NO\r\nSemicolon=NO\r\nSpace=NO\r\nOther=NO\r\n"
-      "OtherChars=\r\nTreatConsecutiveAsOne=NO\r\nTextQualifier=None\r\n"
-      "[FORMAT_INFO]\r\nMeasurementSystem=" + system + "\r\nShowUnassignedColumns=YES\r\nShowExcludedRows=YES\r\n"
-      "AutoValidateGridData=YES\r\n" + variantLine + "\r\nNumberOfColumns=5\r\n";
-  const std::string headers[] = {firstHeader, "Tree ID", "Tree Count", "Species", "DBH"};
-  for (int i = 1; i <= 5; ++i) {
-    const std::string units = i == 5 ? dbhUnits : (headers[i - 1][0] == '?' ? "? units" : "");
-    t += "ColumnHeader" + std::to_string(i) + "=" + headers[i - 1] + "\r\nColumnUnits" + std::to_string(i) + "=" +
-         units + "\r\n";
-  }
-  t += "[TEMPLATE_COMMANDS]\r\nNumberOfCommands=0\r\n";
-  return t;
-}
 
 const std::string kTrees = "1,1,10,df,12.3\r\n1,2,5,wp,8.0\r\n";
 const std::string kTreeList = "   1  1    10 DF  123" + std::string(38, ' ') + "\r\n" +
