@@ -1,6 +1,7 @@
 // corvalin: with no arguments the wizard; with "input output template" the
 // unattended run, which leaves one line in result.txt of the Work folder and
-// ends with status 0 exactly when that line is "TRANSLATION SUCCESSFUL".
+// ends with status 0 exactly when that line is "TRANSLATION SUCCESSFUL" and no
+// failure was reported on the way.
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>

@@ -36,7 +36,10 @@ void WriteResult(const std::string& text) {
     UI().Message({"COMMAND LINE MODE FAILURE - CAN'T WRITE TO RESULT FILE.", Buttons::OK, Icon::None, "", 1});
     return;
   }
-  UI().EndProcess(text == ResultSuccess ? 0 : 1);
+  // A box on the way (a template command that could not be read, say) may
+  // have cost the tree list some of its work: the status says so, while the
+  // line says what became of the translation.
+  UI().EndProcess(text == ResultSuccess && !Run().EventFailureReported ? 0 : 1);
 }
 
 void Assert(bool condition) {
@@ -75,6 +78,7 @@ void ClearSavedColumnHeaders() {
 }
 
 void ReportEventError(const RuntimeError& error) {
+  Run().EventFailureReported = true;
   UI().Message({error.ReportText(), Buttons::OK, Icon::Exclamation, "", 1});
 }
 

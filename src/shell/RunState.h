@@ -30,6 +30,10 @@ struct RunState {
   bool AppendToOutput = false;
   // frmBusyMessage is loaded (made by the first ShowBusy, unmade by HideBusy).
   bool BusyWindowLoaded = false;
+  // An event routine's handler reported a failure. Its box does not stop an
+  // unattended run, which goes on with what was done by then; the run then
+  // never ends with status 0, even when its translation ran.
+  bool EventFailureReported = false;
 
   // Folders and files
   std::string ProgramFolder;

@@ -193,6 +193,21 @@ TEST_F(BadInput, NonNumericColumnNumberEndsInTheReplaysFailure) {
                       "Load frmHeaders-END"));
 }
 
+// A range command without its column number (a number it does not use)
+// stops the grid's load there, so the commands behind it are never read and
+// never replayed. The translation runs and says so; the exit status tells
+// that a failure was reported on the way, and standard error which one.
+TEST_F(BadInput, CommandThatCannotBeReadLeavesTheRunWithAFailureStatus) {
+  PutTemplate("norange", TemplateText("OrvanVariant=NI", "IMPERIAL", FiveColumns("inches"),
+                                      {{"EXCLUDE_RANGE", "", "", "", "5", "6", ""},
+                                       {"EXCLUDE_CONTAINING", "", "", "1", "0", "0", "99"}}));
+  const ProgramRun run = Translate("1,1,1,DF,25.4\r\n99,1,1,DF,30\r\n", "out.tre", "norange");
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n");
+  EXPECT_EQ(run.errors, "[13] Type mismatch\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(TreeList(), Record(1, 1, "DF", 254) + Record(99, 1, "DF", 300));
+}
+
 TEST_F(BadInput, HundredAndOneCommandsFailOnTheHundredFirst) {
   std::vector<CommandKeys> commands(101, CommandKeys{"REPLACE_ALL", "PINE", "DF", "4", "0", "0", ""});
   PutTemplate("many", TemplateText("OrvanVariant=NI", "IMPERIAL", FiveColumns("inches"), commands));

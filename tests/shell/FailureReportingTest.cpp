@@ -57,6 +57,13 @@ TEST_F(FailureReporting, AnyOtherResultEndsWithAFailureStatus) {
   EXPECT_EQ(testing::ExitStatusOf([] { WriteResult("FAILED: Invalid format."); }), 1);
 }
 
+TEST_F(FailureReporting, SuccessAfterAReportedEventFailureEndsWithAFailureStatus) {
+  Run().CommandLineMode = true;
+  RunEvent([] { Raise(err::TypeMismatch); });
+  EXPECT_EQ(testing::ExitStatusOf([] { WriteResult("TRANSLATION SUCCESSFUL"); }), 1);
+  EXPECT_EQ(testing::ReadFile(home / "Work" / "result.txt"), "TRANSLATION SUCCESSFUL\r\n");
+}
+
 TEST_F(FailureReporting, ResultFileThatCannotBeWrittenGivesTheBoxAndTheCallerGoesOn) {
   // A folder where the file should be cannot be opened for output, whoever runs the test.
   std::filesystem::create_directory(home / "Work" / "result.txt");
