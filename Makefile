@@ -47,16 +47,19 @@ bench: deps
 	./bench/run_load_bench.sh $(BENCH_BUILD)
 	./bench/run_unattended_bench.sh $(BENCH_BUILD)
 
-# The fuzz targets of fuzz/, built with clang and run FUZZ_SECONDS each.
+# The fuzz targets of fuzz/, built with clang and run FUZZ_SECONDS each,
+# FUZZ_JOBS at a time, from the seeds of fuzz/corpus/ (tools/run-fuzz.sh);
+# FUZZ_TARGETS='fuzz_input_lines fuzz_pull_columns' runs only those.
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
-fuzz: deps
+FUZZ_JOBS ?= 1
+FUZZ_TARGETS ?=
+fuzz:
+	./tools/install-deps.sh fuzz
 	CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G $(GENERATOR) -DCORVALIN_FUZZ=ON -DCORVALIN_DESKTOP=OFF \
 	  -DCORVALIN_BENCH=OFF -DBUILD_TESTING=OFF
 	cmake --build $(FUZZ_BUILD)
-	for target in $(FUZZ_BUILD)/fuzz/fuzz_*; do \
-	  $$target -max_total_time=$(FUZZ_SECONDS) -max_len=4096 || exit 1; \
-	done
+	./tools/run-fuzz.sh $(FUZZ_BUILD) $(FUZZ_SECONDS) $(FUZZ_JOBS) $(FUZZ_TARGETS)
 
 # make install PREFIX=/opt/corvalin
 PREFIX ?= /usr/local

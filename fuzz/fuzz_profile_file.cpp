@@ -1,50 +1,80 @@
-// Profile files (templates and the settings store) on any bytes: reading any
-// file never fails, and a value written under a key reads back as written
-// (trimmed of blanks), with every other key of the file kept.
-#include <unistd.h>
+// The settings store, a profile file, on any file: reading never fails, a
+// value saved under a section and key reads back as saved (trimmed of blanks)
+// under any case of the names, and another key of the file reads the same
+// before and after. The last bytes choose the section, the keys and the
+// value; the rest is the settings file as found.
+#include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <filesystem>
 #include <string>
 
+#include "FuzzSupport.h"
 #include "shell/ProfileFile.h"
+#include "shell/Settings.h"
 #include "shell/Text.h"
 
 using namespace corvalin;
+using fuzz::Require;
 
 namespace {
 
-std::string ScratchPath() {
-  static const std::string path = "/tmp/corvalin-fuzz-profile-" + std::to_string(::getpid()) + ".cnv";
-  return path;
+bool HoldsLineEndOrNull(const std::string& text) {
+  return text.find_first_of(std::string("\r\n\0", 3)) != std::string::npos;
 }
 
-bool Storable(const std::string& text) {
-  return text.find_first_of(std::string("\r\n\0", 3)) == std::string::npos;
+// A name the file can hold: a section name without "]", a key without "=",
+// neither blank at its ends nor read as a comment or a section header.
+bool StorableName(const std::string& name, bool isKey) {
+  if (name.empty() || HoldsLineEndOrNull(name) || TrimBlanks(name) != name) return false;
+  if (isKey) return name.find('=') == std::string::npos && name[0] != ';' && name[0] != '[';
+  return name.find(']') == std::string::npos;
+}
+
+std::string OtherCase(std::string text) {
+  for (char& ch : text) {
+    if (ch >= 'a' && ch <= 'z') ch = static_cast<char>(ch - 32);
+    else if (ch >= 'A' && ch <= 'Z') ch = static_cast<char>(ch + 32);
+  }
+  return text;
+}
+
+std::string ChooseName(FuzzedDataProvider& in) {
+  static const char* const kNames[] = {"Common", "DataDir", "WorkDir", "Brenwick", "HelpDir", "Corvalin",
+                                       "Configured", "COLUMN_DELIMITERS", "FindString1", "a"};
+  if (in.ConsumeBool()) return kNames[in.ConsumeIntegralInRange<std::size_t>(0, 9)];
+  return in.ConsumeRandomLengthString(12);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
-  const std::string path = ScratchPath();
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) return 0;
-  std::fwrite(bytes.data(), 1, bytes.size(), file);
-  std::fclose(file);
+  FuzzedDataProvider in(data, size);
+  const std::string section = ChooseName(in);
+  const std::string key = ChooseName(in);
+  const std::string otherSection = ChooseName(in);
+  const std::string otherKey = ChooseName(in);
+  const std::string value = in.ConsumeRandomLengthString(80);
 
-  (void)ReadProfileString(path, "FORMAT_INFO", "OrvanVariant", "BC");
-  const std::string before = ReadProfileString(path, "COLUMN_DELIMITERS", "Comma", "YES");
+  (void)fuzz::ScratchHome();
+  const std::string app = SettingsApplication;
+  const std::string path = SettingsFilePath(app);
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+  fuzz::WriteBytes(path, in.ConsumeRemainingBytesAsString());
 
-  // A value from the input's first line, written under a key of a section.
-  const std::string value = TrimBlanks(bytes.substr(0, bytes.find('\n')).substr(0, 60));
-  if (Storable(value) && value.find('[') == std::string::npos) {
-    WriteProfileString(path, "TEMPLATE_COMMANDS", "FindString1", value);
-    if (ReadProfileString(path, "TEMPLATE_COMMANDS", "FindString1", "?") != value) std::abort();
-    if (ReadProfileString(path, "COLUMN_DELIMITERS", "Comma", "YES") != before) std::abort();
-  }
-  std::remove(path.c_str());
+  const std::string before = GetSetting(app, otherSection, otherKey, "?");
+  Require(before.size() <= kProfileValueMax, "a value read is longer than the read buffer");
+  if (!StorableName(section, false) || !StorableName(key, true) || HoldsLineEndOrNull(value)) return 0;
+
+  SaveSetting(app, section, key, value);
+  Require(GetSetting(app, section, key, "?") == TrimBlanks(value), "a saved value did not read back");
+  Require(GetSetting(app, OtherCase(section), OtherCase(key), "?") == TrimBlanks(value),
+          "a saved value did not read back under the other case of its names");
+  const bool sameKey = EqualsNoCase(section, otherSection) && EqualsNoCase(key, otherKey);
+  if (!sameKey) Require(GetSetting(app, otherSection, otherKey, "?") == before, "saving changed another key");
+
+  DeleteSetting(app, section, key);
+  if (!sameKey) Require(GetSetting(app, otherSection, otherKey, "?") == before, "deleting changed another key");
   return 0;
 }

@@ -1,14 +1,21 @@
 #!/usr/bin/env bash
 # Installs what building and testing Corvalin needs on Debian (and its
 # derivatives), and nothing when all of it is there already. apt-get runs as
-# root directly, and through sudo for anybody else.
+# root directly, and through sudo for anybody else. With the argument "fuzz"
+# it also installs clang and its runtime libraries (libFuzzer among them),
+# which only the fuzz targets need.
 set -euo pipefail
 
 PACKAGES=(cmake ninja-build g++ qt6-base-dev libsqlite3-dev libgtest-dev)
+if [[ "${1:-}" == "fuzz" ]]; then
+  PACKAGES+=(clang libclang-rt-dev)
+fi
 
 if ! command -v dpkg-query >/dev/null 2>&1; then
   echo "install-deps: no dpkg here; please install the equivalents of: ${PACKAGES[*]}" >&2
-  for tool in cmake ninja g++; do
+  tools=(cmake ninja g++)
+  [[ "${1:-}" == "fuzz" ]] && tools+=(clang++)
+  for tool in "${tools[@]}"; do
     command -v "$tool" >/dev/null 2>&1 || { echo "install-deps: $tool is missing" >&2; exit 1; }
   done
   exit 0
