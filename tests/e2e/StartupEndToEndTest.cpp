@@ -78,9 +78,10 @@ TEST_F(StartupEndToEnd, EachEmptyFieldWritesItsOwnMessage) {
 }
 
 TEST_F(StartupEndToEnd, MissingInputFileWritesUntrappedError) {
-  EXPECT_NE(Corvalin({"missing.csv", "out.tre", "Sample"}), 0);
+  EXPECT_EQ(Corvalin({"missing.csv", "out.tre", "Sample"}), 1);
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
   EXPECT_EQ(ReadFile(home / "stderr.txt"), "Can't open input file.\n");
+  EXPECT_FALSE(fs::exists(home / "run" / "out.tre"));
 }
 
 TEST_F(StartupEndToEnd, UnsetFoldersWithoutADisplayTakeTheDefaultPlacesWithTheInstalledTemplates) {
