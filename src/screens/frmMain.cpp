@@ -17,6 +17,7 @@
 #include "shell/ShellPath.h"
 #include "shell/Text.h"
 #include "templates/TemplateCommands.h"
+#include "worktable/InputLines.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -167,6 +168,7 @@ void ReadInputPreview() {
       if (IsDirectory(path)) Raise(err::PathFileAccess, "ReadInputPreview");
       std::FILE* file = std::fopen(path.c_str(), "rb");
       if (file == nullptr) Raise(err::FileNotFound, "ReadInputPreview");
+      SkipByteOrderMark(file);
       std::string line;
       // The rest of a longer file matters only to the load of the working table.
       while (run.InputPreviewCount < kMaxPreviewLines && ReadLine(file, line)) {

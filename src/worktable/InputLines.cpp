@@ -40,6 +40,17 @@ InputLines::InputLines(const std::string& path) {
   if (std::ferror(file.get())) RaiseOpenError(errno);
 }
 
+void InputLines::SkipByteOrderMark() {
+  if (position_ == 0 && std::string_view(text_).substr(0, kUtf8ByteOrderMark.size()) == kUtf8ByteOrderMark)
+    position_ = kUtf8ByteOrderMark.size();
+}
+
+void SkipByteOrderMark(std::FILE* file) {
+  char start[3] = {};
+  const std::size_t got = std::fread(start, 1, sizeof start, file);
+  if (std::string_view(start, got) != kUtf8ByteOrderMark) std::rewind(file);
+}
+
 InputLines InputLines::FromText(std::string text) {
   InputLines lines;
   lines.text_ = std::move(text);

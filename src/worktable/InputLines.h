@@ -3,10 +3,20 @@
 // line, and a file that ends with a line end has no empty line after it.
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 
 namespace corvalin {
+
+// Spreadsheets save "CSV UTF-8" with the byte order mark EF BB BF in front
+// of the first line. It is no character of the line: left in, it would stand
+// in front of the first cell and reach the tree list with it.
+inline constexpr std::string_view kUtf8ByteOrderMark = "\xEF\xBB\xBF";
+
+// Steps over a byte order mark at the start of a file just opened; any other
+// start is left where it was.
+void SkipByteOrderMark(std::FILE* file);
 
 class InputLines {
  public:
@@ -17,6 +27,8 @@ class InputLines {
   static InputLines FromText(std::string text);
 
   bool AtEnd() const { return position_ >= text_.size(); }
+  // Before the first line: steps over a byte order mark at the start.
+  void SkipByteOrderMark();
   // The next line, without its line end; valid while this object lives.
   void Next(std::string_view& line);
 

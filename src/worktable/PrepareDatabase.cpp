@@ -107,6 +107,7 @@ void RefuseNullCharacter(std::string_view line, int16_t lineNumber) {
 // Loads the lines of the input into tft with one prepared insert.
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   InputLines input(inputPath);
+  input.SkipByteOrderMark();
   const LineSplitter splitter(format);
   ParsedLine parsed;
   clsDBEngine& engine = DatabaseEngine();

@@ -86,6 +86,15 @@ TEST_F(BadInput, NullByteInACellStopsTheLoadAndLeavesTheOldTreeListAlone) {
   EXPECT_EQ(TreeList(), "old tree list\r\n");
 }
 
+// "CSV UTF-8" of a spreadsheet begins with a byte order mark; the first
+// tree's plot number is whole all the same.
+TEST_F(BadInput, ByteOrderMarkOfASpreadsheetExportStaysOutOfTheTreeList) {
+  const ProgramRun run = Translate("\xEF\xBB\xBF" "1,1,1,DF,25.4\r\n2,1,1,DF,30\r\n");
+  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(TreeList(), Record(1, 1, "DF", 254) + Record(2, 1, "DF", 300));
+}
+
 // A line of 40,000 characters overflows the splitter's 16-bit position: first
 // in the preview that the column format screen draws at its load, then in
 // the load itself.

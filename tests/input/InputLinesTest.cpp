@@ -34,6 +34,32 @@ TEST(InputLines, FinalLineEndMakesNoExtraEmptyLine) {
   EXPECT_EQ(LinesOf("a\r"), (Lines{"a"}));
 }
 
+TEST(InputLines, ByteOrderMarkIsSteppedOverOnlyAtTheStart) {
+  InputLines input = InputLines::FromText("\xEF\xBB\xBF" "a\r\n\xEF\xBB\xBF" "b");
+  input.SkipByteOrderMark();
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, "a");
+  input.SkipByteOrderMark();
+  input.Next(line);
+  EXPECT_EQ(line, "\xEF\xBB\xBF" "b");
+  EXPECT_TRUE(input.AtEnd());
+}
+
+TEST(InputLines, FileOfNothingButAByteOrderMarkHasNoLine) {
+  InputLines input = InputLines::FromText("\xEF\xBB\xBF");
+  input.SkipByteOrderMark();
+  EXPECT_TRUE(input.AtEnd());
+}
+
+TEST(InputLines, OtherStartIsLeftAlone) {
+  InputLines input = InputLines::FromText("\xEF\xBBx");
+  input.SkipByteOrderMark();
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, "\xEF\xBBx");
+}
+
 TEST(InputLines, EmptyLinesAreLines) {
   EXPECT_EQ(LinesOf("a\r\n\r\nb"), (Lines{"a", "", "b"}));
   EXPECT_EQ(LinesOf("\n\n"), (Lines{"", ""}));

@@ -235,6 +235,17 @@ TEST_F(LoadTable, LineWithANullCharacterStopsTheLoadAndNamesTheLine) {
   EXPECT_TRUE(Run().ReloadNeeded);
 }
 
+TEST_F(LoadTable, ByteOrderMarkOfASpreadsheetExportIsNoPartOfTheFirstCell) {
+  Input("\xEF\xBB\xBF" "p1,1,DF,12.5\r\np1,2,WH,8\r\n");
+  // Neither the preview nor the table shows it.
+  EXPECT_EQ(Run().InputPreview, (std::vector<std::string>{"p1,1,DF,12.5", "p1,2,WH,8"}));
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0], Expected(1, {"p1", "1", "DF", "12.5"}));
+}
+
 TEST_F(LoadTable, FailureInAnUnattendedRunEndsItWithUntrappedError) {
   Input("a\r\n");
   fs::remove(home / "install" / "EmptyTFT.mdb");
