@@ -328,5 +328,12 @@ TEST_F(LocationScreen, QuitAndTheCloseBoxAskAndAnyOtherCloseEnds) {
   EXPECT_TRUE(ExitStatusOf([&] { location.cmdQuit_Click(); }).has_value());
 }
 
+TEST_F(LocationScreen, HelpShowsTheContentsOfTheProgramsHelp) {
+  Run().HelpFile = "/help/Orvanta.html";
+  LoadWith({}).cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "contents");
+}
+
 }  // namespace
 }  // namespace corvalin

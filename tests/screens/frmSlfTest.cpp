@@ -741,6 +741,14 @@ TEST_F(SlfScreen, CloseBoxAsksAndKeepsTheWindowTheProgramsUnloadPassesAndAnyOthe
   EXPECT_TRUE(ExitStatusOf([&] { slf.Form_QueryUnload(CloseReason::Other); }).has_value());
 }
 
+TEST_F(SlfScreen, HelpShowsTheContentsOfTheProgramsHelp) {
+  Run().HelpFile = "/help/Orvanta.html";
+  LoadWith(kOneStand).cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].first, "/help/Orvanta.html");
+  EXPECT_EQ(ui.helpOpened[0].second, "contents");
+}
+
 class SlfAfterTranslation : public StandFilesWithTable {};
 
 TEST_F(SlfAfterTranslation, TheGridsVariantIsTakenOverAndTheSettingNotRead) {
