@@ -87,7 +87,7 @@ void frmLocation::cmdInsertA_Click() {
     UI().SetBusyPointer(false);
     InsertPlaceholder(lstLocation, NewLocationPlaceholder, LineButtons());
     // A new location offers the stand list being edited.
-    record.lblSlf.Caption = App().Template().lblSlfFile.Caption;
+    record.lblSlf.SetCaption(App().Template().lblSlfFile.Caption);
     App().ShowModal(record);
     RemovePlaceholderIfCancelled(lstLocation, NewLocationPlaceholder, LineButtons());
   });

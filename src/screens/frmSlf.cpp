@@ -151,7 +151,7 @@ void frmSlf::InsertRecord(int tab, const std::string& placeholder) {
   record.tabSlfRecords.Tab = tab;
   if (tab == 0) {
     // A new record A offers the file that the translation wrote.
-    record.lblTreeDataSet.Caption = App().Template().lblOutputFile.Caption;
+    record.lblTreeDataSet.SetCaption(App().Template().lblOutputFile.Caption);
   } else if (lstSlf.ListIndex >= 1) {
     // Where the record lands is for the sequence rules to judge; the code of
     // the line above is only a suggestion.

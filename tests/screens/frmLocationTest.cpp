@@ -133,6 +133,26 @@ TEST_F(LocationScreen, NewLocationOffersTheStandListBeingEditedAndSavingWritesIt
   EXPECT_TRUE(Run().LocationFileSaved);
 }
 
+TEST_F(LocationScreen, ChosenStandListShowsAsTheDialogGaveItUntilTheRecordIsOpenedAgain) {
+  frmLocation& location = LoadWith({});
+  ui.files.push_back("/Data/Other Stands.slf");
+  std::string chosen;
+  OnLocationRecordDialog([&](frmLocationRecord& d) {
+    d.cmdSelectSlf_Click();
+    chosen = d.lblSlf.Caption;
+    d.txtLocationName.Text = "Ridge";
+    d.cmdOk_Click();
+  });
+  location.cmdInsertA_Click();
+  EXPECT_EQ(chosen, "/Data/Other Stands.slf");
+  // Written lower-cased and unquoted, so the blank cuts the path's token.
+  EXPECT_EQ(location.lstLocation.Items, (std::vector<std::string>{"A \"Ridge\" @ /data/other stands.slf @ @"}));
+  std::string reopened;
+  OnLocationRecordDialog([&](frmLocationRecord& d) { reopened = d.lblSlf.Caption; });
+  location.cmdEdit_Click();
+  EXPECT_EQ(reopened, "/DATA/OTHER");
+}
+
 TEST_F(LocationScreen, CancellingTheDialogOfANewRecordRemovesThePlaceholder) {
   frmLocation& location = LoadWith(FourLocations());
   ClickLine(location, 2);
