@@ -2,7 +2,12 @@
 
 #include <string_view>
 
+#include "screens/Application.h"
+#include "screens/Screen.h"
+#include "shell/AppUtil.h"
 #include "shell/Error.h"
+#include "shell/Text.h"
+#include "standlist/StandLevelFile.h"
 #include "worktable/InputLines.h"
 
 namespace corvalin {
@@ -48,6 +53,14 @@ void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placehol
   }
 }
 
+void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons,
+                        Screen& dialog, const std::function<void()>& prepare) {
+  InsertPlaceholder(list, placeholder, buttons);
+  prepare();
+  App().ShowModal(dialog);
+  RemovePlaceholderIfCancelled(list, placeholder, buttons);
+}
+
 void DeleteSelectedLine(ListControl& list, RecordLineButtons buttons) {
   const int at = list.ListIndex;
   if (at < 0 || at >= list.ListCount()) Raise(err::InvalidProcedureCall);
@@ -89,6 +102,30 @@ void AddFileLines(ListControl& list, const std::string& path) {
   while (!lines.AtEnd()) {
     lines.Next(line);
     list.AddItem(std::string(line));
+  }
+}
+
+int FirstRecordOfFile(const ListControl& list, int16_t pathToken, const std::string& currentFile) {
+  const std::string wanted = ToLower(ShortenWorkPath(currentFile));
+  for (int i = 0; i < list.ListCount(); ++i) {
+    const std::string& line = list.Items[At(i)];
+    if (StartsWith(line, "A") && ToLower(GetRecordToken(line, pathToken)) == wanted) return i;
+  }
+  return -1;
+}
+
+void LoadRecordLines(ListControl& list, const std::string& path, int16_t pathToken, const std::string& currentFile,
+                     RecordLineButtons buttons) {
+  try {
+    AddFileLines(list, path);
+    const int current = FirstRecordOfFile(list, pathToken, currentFile);
+    if (current >= 0) SelectRecordLine(list, current, buttons);
+  } catch (const std::exception&) {
+  }
+  if (list.ListCount() == 0) {
+    EnableRecordLineButtons(list, buttons);
+  } else if (list.ListIndex < 0) {
+    SelectRecordLine(list, 0, buttons);
   }
 }
 

@@ -4,11 +4,15 @@
 // record's dialog is open, and the reading of the file into the list.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "screens/Controls.h"
 
 namespace corvalin {
+
+class Screen;
 
 struct RecordLineButtons {
   Button& up;
@@ -34,6 +38,12 @@ void InsertPlaceholder(ListControl& list, const std::string& placeholder, Record
 // nothing is selected and the buttons stay as they are.
 void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placeholder, RecordLineButtons buttons);
 
+// A new record's dialog, already loaded: the placeholder goes behind the
+// selection, prepare sets the dialog up, the dialog runs modally, and the
+// placeholder goes again when the dialog was cancelled.
+void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons,
+                        Screen& dialog, const std::function<void()>& prepare);
+
 // Removes the selected line and selects the line now at its index, else the
 // last line; with no line left, the four buttons are disabled. With nothing
 // selected it is the error "Invalid procedure call or argument", as removing
@@ -48,5 +58,17 @@ void MoveSelectedLineDown(ListControl& list, RecordLineButtons buttons);
 // Adds every line of the file to the list as it stands (lines end at CR, CR
 // LF or LF). Raises the run-time error of a file that cannot be read.
 void AddFileLines(ListControl& list, const std::string& path);
+
+// The index of the first line that begins with "A" and whose token pathToken
+// is currentFile, shortened against the working directory, both compared
+// lower-cased; -1 when there is none.
+int FirstRecordOfFile(const ListControl& list, int16_t pathToken, const std::string& currentFile);
+
+// The load of an editor's list: the file's lines; the first record of the
+// current file selected, else the first line; with no line at all the
+// list's click runs. A file that cannot be read, or does not exist yet,
+// gives an empty list without a word.
+void LoadRecordLines(ListControl& list, const std::string& path, int16_t pathToken, const std::string& currentFile,
+                     RecordLineButtons buttons);
 
 }  // namespace corvalin

@@ -4,16 +4,20 @@
 #include "screens/frmLocationRecord.h"
 #include "screens/frmSlf.h"
 #include "screens/frmTemplate.h"
-#include "shell/AppUtil.h"
 #include "shell/Failure.h"
 #include "shell/Help.h"
 #include "shell/RunState.h"
-#include "shell/Text.h"
 #include "shell/TextFile.h"
 #include "shell/Toolkit.h"
-#include "standlist/StandLevelFile.h"
 
 namespace corvalin {
+
+namespace {
+
+// Token 4 of a location record: its stand list file.
+constexpr int16_t kStandListToken = 4;
+
+}  // namespace
 
 frmLocation::frmLocation() {
   cmdInsertA.Caption = "Record A";
@@ -38,31 +42,10 @@ void frmLocation::Form_Load() {
   Run().CurrentScreen = "Location";
   Caption = std::string(ApplicationTitle) + LocationCaptionSuffix;
   Run().LocationFileSaved = true;
-  // A location file that cannot be read, or does not exist yet, is an empty
-  // list: the file comes into being at the first saving.
-  try {
-    AddFileLines(lstLocation, App().Template().lblLocationsFile.Caption);
-    SelectCurrentStandList();
-  } catch (const std::exception&) {
-  }
-  if (lstLocation.ListCount() == 0) {
-    lstLocation_Click();
-  } else if (lstLocation.ListIndex < 0) {
-    SelectRecordLine(lstLocation, 0, LineButtons());
-  }
-}
-
-void frmLocation::SelectCurrentStandList() {
-  // The first location whose stand list is the one being edited.
-  const std::string standList = ToLower(ShortenWorkPath(App().Template().lblSlfFile.Caption));
-  for (int i = 0; i < lstLocation.ListCount(); ++i) {
-    const std::string& line = lstLocation.Items[static_cast<std::size_t>(i)];
-    if (!StartsWith(line, "A")) continue;
-    if (ToLower(GetRecordToken(line, 4)) == standList) {
-      SelectRecordLine(lstLocation, i, LineButtons());
-      return;
-    }
-  }
+  // The first location whose stand list is the one being edited is selected.
+  frmTemplate& setup = App().Template();
+  LoadRecordLines(lstLocation, setup.lblLocationsFile.Caption, kStandListToken, setup.lblSlfFile.Caption,
+                  LineButtons());
 }
 
 // ---------------------------------------------------------------- the list
@@ -85,11 +68,9 @@ void frmLocation::cmdInsertA_Click() {
     UI().SetBusyPointer(true);
     frmLocationRecord& record = App().LocationRecord();
     UI().SetBusyPointer(false);
-    InsertPlaceholder(lstLocation, NewLocationPlaceholder, LineButtons());
     // A new location offers the stand list being edited.
-    record.lblSlf.SetCaption(App().Template().lblSlfFile.Caption);
-    App().ShowModal(record);
-    RemovePlaceholderIfCancelled(lstLocation, NewLocationPlaceholder, LineButtons());
+    RunNewRecordDialog(lstLocation, NewLocationPlaceholder, LineButtons(), record,
+                       [&] { record.lblSlf.SetCaption(App().Template().lblSlfFile.Caption); });
   });
 }
 

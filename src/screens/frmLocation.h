@@ -46,9 +46,6 @@ class frmLocation : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
-
- private:
-  void SelectCurrentStandList();
 };
 
 // Writes every line of lstLocation to the file named by lblLocationsFile on

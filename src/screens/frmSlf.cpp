@@ -5,13 +5,11 @@
 #include "screens/frmLocation.h"
 #include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
-#include "shell/AppUtil.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/Help.h"
 #include "shell/RunState.h"
 #include "shell/Settings.h"
-#include "shell/Text.h"
 #include "shell/TextFile.h"
 #include "shell/Toolkit.h"
 #include "standlist/StandLevelFile.h"
@@ -26,6 +24,8 @@ constexpr const char* kSettingsSection = "Corvalin";
 constexpr const char* kDefaultVariant = "BC";
 constexpr int kInvalidPropertyValue = 380;
 constexpr int kRecordTabs = 4;
+// Token 3 of a record A: its tree data set.
+constexpr int16_t kTreeDataSetToken = 3;
 
 // The code combo of a record's tab, which a new B, C or D record gets from
 // the line above it; record A has none to take.
@@ -74,18 +74,10 @@ void frmSlf::Form_Load() {
   Run().StandListSaved = true;
   for (const char* variant : VariantNames) cmbVariant.AddItem(variant);
   ChooseVariant();
-  // A stand list file that cannot be read, or does not exist yet, is an
-  // empty list: the file comes into being at the first saving.
-  try {
-    AddFileLines(lstSlf, App().Template().lblSlfFile.Caption);
-    SelectCurrentStand();
-  } catch (const std::exception&) {
-  }
-  if (lstSlf.ListCount() == 0) {
-    lstSlf_Click();
-  } else if (lstSlf.ListIndex < 0) {
-    SelectRecordLine(lstSlf, 0, LineButtons());
-  }
+  // The record A that already points to the file the translation wrote is
+  // selected.
+  frmTemplate& setup = App().Template();
+  LoadRecordLines(lstSlf, setup.lblSlfFile.Caption, kTreeDataSetToken, setup.lblOutputFile.Caption, LineButtons());
 }
 
 void frmSlf::ChooseVariant() {
@@ -110,19 +102,6 @@ void frmSlf::ChooseVariant() {
   ShowMessage("Unknown Orvan Variant specified: " + run.OrvanVariant);
 }
 
-void frmSlf::SelectCurrentStand() {
-  // The record A that already points to the file the translation wrote.
-  const std::string output = ToLower(ShortenWorkPath(App().Template().lblOutputFile.Caption));
-  for (int i = 0; i < lstSlf.ListCount(); ++i) {
-    const std::string& line = lstSlf.Items[static_cast<std::size_t>(i)];
-    if (!StartsWith(line, "A")) continue;
-    if (ToLower(GetRecordToken(line, 3)) == output) {
-      SelectRecordLine(lstSlf, i, LineButtons());
-      return;
-    }
-  }
-}
-
 // ---------------------------------------------------------------- the list
 
 void frmSlf::lstSlf_Click() { EnableRecordLineButtons(lstSlf, LineButtons()); }
@@ -145,22 +124,21 @@ void frmSlf::InsertRecord(int tab, const std::string& placeholder) {
   UI().SetBusyPointer(true);
   frmSlfRecord& record = App().SlfRecord();
   UI().SetBusyPointer(false);
-  InsertPlaceholder(lstSlf, placeholder, LineButtons());
-  record.tabSlfRecords.TabEnabled.assign(kRecordTabs, false);
-  record.tabSlfRecords.TabEnabled[static_cast<std::size_t>(tab)] = true;
-  record.tabSlfRecords.Tab = tab;
-  if (tab == 0) {
-    // A new record A offers the file that the translation wrote.
-    record.lblTreeDataSet.SetCaption(App().Template().lblOutputFile.Caption);
-  } else if (lstSlf.ListIndex >= 1) {
-    // Where the record lands is for the sequence rules to judge; the code of
-    // the line above is only a suggestion.
-    const std::string& above = lstSlf.Items[static_cast<std::size_t>(lstSlf.ListIndex - 1)];
-    CodeComboOfTab(record, tab)->Text = GetRecordToken(above, 2);
-  }
-  record.SetActiveRecordTab(tab);
-  App().ShowModal(record);
-  RemovePlaceholderIfCancelled(lstSlf, placeholder, LineButtons());
+  RunNewRecordDialog(lstSlf, placeholder, LineButtons(), record, [&] {
+    record.tabSlfRecords.TabEnabled.assign(kRecordTabs, false);
+    record.tabSlfRecords.TabEnabled[static_cast<std::size_t>(tab)] = true;
+    record.tabSlfRecords.Tab = tab;
+    if (tab == 0) {
+      // A new record A offers the file that the translation wrote.
+      record.lblTreeDataSet.SetCaption(App().Template().lblOutputFile.Caption);
+    } else if (lstSlf.ListIndex >= 1) {
+      // Where the record lands is for the sequence rules to judge; the code of
+      // the line above is only a suggestion.
+      const std::string& above = lstSlf.Items[static_cast<std::size_t>(lstSlf.ListIndex - 1)];
+      CodeComboOfTab(record, tab)->Text = GetRecordToken(above, 2);
+    }
+    record.SetActiveRecordTab(tab);
+  });
 }
 
 void frmSlf::cmdInsertA_Click() { InsertRecord(0, NewRecordAPlaceholder); }

@@ -65,7 +65,6 @@ class frmSlf : public Screen {
 
  private:
   void ChooseVariant();
-  void SelectCurrentStand();
   // The work of the four insert buttons: the placeholder behind the
   // selection, the record's tab alone enabled and active, then the dialog.
   void InsertRecord(int tab, const std::string& placeholder);

@@ -11,6 +11,7 @@
 #include "TestSupport.h"
 #include "screens/Controls.h"
 #include "screens/RecordLines.h"
+#include "shell/AppUtil.h"
 
 namespace corvalin {
 namespace {
@@ -226,6 +227,25 @@ TEST_F(RecordLinesTest, FileEndingInALineEndHasNoEmptyLineBehindIt) {
 TEST_F(RecordLinesTest, MissingFileIsFileNotFoundAndAddsNothing) {
   EXPECT_EQ(ErrorNumberRaisedBy([&] { AddFileLines(list, (home / "none.slf").string()); }), 53);
   EXPECT_TRUE(list.Items.empty());
+}
+
+TEST_F(RecordLinesTest, FirstRecordOfAFileComparesTheShortPathWithoutRegardToCase) {
+  SetWorkingDirectoryCaption("/data/");
+  SetList({"a st1 trees/two.tre @", "B st1 trees/two.tre @", "A st2 TREES/Two.tre @", "A st3 trees/two.tre @"}, -1);
+  EXPECT_EQ(FirstRecordOfFile(list, 3, "/data/Trees/TWO.tre"), 2);
+  EXPECT_EQ(FirstRecordOfFile(list, 3, "/other/trees/two.tre"), -1);
+  // A location record names its stand list in token 4.
+  SetList({"A \"x\" @ stands/one.slf @ @"}, -1);
+  EXPECT_EQ(FirstRecordOfFile(list, 4, "/data/stands/one.slf"), 0);
+  EXPECT_EQ(FirstRecordOfFile(list, 3, "/data/stands/one.slf"), -1);
+}
+
+TEST_F(RecordLinesTest, LoadOfAFileThatCannotBeReadGivesAnEmptyListWithTheButtonsOff) {
+  SetAll(true);
+  LoadRecordLines(list, (home / "none.loc").string(), 4, "", Buttons());
+  EXPECT_TRUE(list.Items.empty());
+  EXPECT_EQ(list.ListIndex, -1);
+  EXPECT_EQ(States(), kAllOff);
 }
 
 }  // namespace
