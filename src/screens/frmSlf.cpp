@@ -106,7 +106,7 @@ void frmSlf::ChooseVariant() {
 
 void frmSlf::lstSlf_Click() { EnableRecordLineButtons(lstSlf, LineButtons()); }
 
-void frmSlf::lstSlf_DblClick() { EditStandRecord(SelectedLineOrEmpty(lstSlf)); }
+void frmSlf::lstSlf_DblClick() { cmdEdit_Click(); }
 
 void frmSlf::cmdEdit_Click() { EditStandRecord(SelectedLineOrEmpty(lstSlf)); }
 
