@@ -14,6 +14,7 @@
 #include <string>
 
 #include "FuzzSupport.h"
+#include "columns/Vocabulary.h"
 #include "screens/Application.h"
 #include "screens/ProcessState.h"
 #include "screens/frmSlf.h"
@@ -71,7 +72,7 @@ Outcome OpenAndConfirm(const std::string& variant, const std::string& line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
   FuzzedDataProvider in(data, size);
-  const std::string variant = VariantNames[in.ConsumeIntegralInRange<std::size_t>(0, kVariantCount - 1)];
+  const std::string variant = VariantNames()[in.ConsumeIntegralInRange<std::size_t>(0, kVariantCount - 1)];
   const std::string line = in.ConsumeRemainingBytesAsString();
   const char type = line.empty() ? '\0' : static_cast<char>(std::toupper(static_cast<unsigned char>(line[0])));
 

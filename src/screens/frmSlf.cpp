@@ -1,5 +1,6 @@
 #include "screens/frmSlf.h"
 
+#include "columns/Vocabulary.h"
 #include "screens/Application.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmLocation.h"
@@ -72,7 +73,7 @@ void frmSlf::Form_Load() {
   Run().CurrentScreen = "Slf";
   Caption = std::string(ApplicationTitle) + SlfCaptionSuffix;
   Run().StandListSaved = true;
-  for (const char* variant : VariantNames) cmbVariant.AddItem(variant);
+  for (const std::string& variant : VariantNames()) cmbVariant.AddItem(variant);
   ChooseVariant();
   // The record A that already points to the file the translation wrote is
   // selected.

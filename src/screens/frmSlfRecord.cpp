@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "columns/CellRules.h"
+#include "columns/Vocabulary.h"
 #include "screens/Application.h"
 #include "screens/frmSlf.h"
 #include "shell/Failure.h"
@@ -203,7 +204,7 @@ void SetCaptions(frmSlfRecord& d) {
   d.cmdBareGround.Caption = "Bare-ground";
   d.fraApplicableVariants.Caption = "Applicable Variants:";
   const auto boxes = d.VariantBoxes();
-  for (std::size_t i = 0; i < boxes.size(); ++i) boxes[i]->Caption = VariantNames[i];
+  for (std::size_t i = 0; i < boxes.size(); ++i) boxes[i]->Caption = VariantNames()[i];
   d.fraPlotBasedSiteData.Caption = "Plot based site data?";
   d.optPlotBasedSiteDataYes.Caption = "Yes";
   d.optNo.Caption = "No";

@@ -6,6 +6,7 @@
 #include "shell/AppUtil.h"
 #include "shell/Error.h"
 #include "shell/Text.h"
+#include "columns/Vocabulary.h"
 
 namespace corvalin {
 
@@ -160,7 +161,7 @@ std::string BuildRecordA(const StandRecordA& record) {
   }
   line += record.withPointData ? " WithPointData" : " NoPointData";
   for (std::size_t v = 0; v < record.variants.size(); ++v)
-    if (record.variants[v]) line += " " + ToLower(VariantNames[v]);
+    if (record.variants[v]) line += " " + ToLower(VariantNames()[v]);
   return line + " @";
 }
 
@@ -195,7 +196,7 @@ StandRecordA ReadRecordA(std::string_view line) {
     // Tags are compared exactly: an upper-case "BC" ticks nothing, and any
     // other word is passed over.
     for (std::size_t v = 0; v < record.variants.size(); ++v)
-      if (tag == ToLower(VariantNames[v])) record.variants[v] = true;
+      if (tag == ToLower(VariantNames()[v])) record.variants[v] = true;
   }
   return record;
 }

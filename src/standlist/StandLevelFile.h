@@ -46,7 +46,7 @@ struct StandRecordA {
   std::string code;          // the code combo's text
   std::string treeDataSet;   // the label's caption: a path, BareGroundCaption or empty
   bool withPointData = true;
-  std::array<bool, kVariantCount> variants{};  // ticked boxes, VariantNames order
+  std::array<bool, kVariantCount> variants{};  // ticked boxes, VariantNames() order
 };
 
 // Record B: token 2 is the code; tokens 3 to 27 are the texts of the

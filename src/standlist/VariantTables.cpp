@@ -4,9 +4,6 @@
 
 namespace corvalin {
 
-const std::array<const char*, kVariantCount> VariantNames = {"AK", "BC", "BH", "BM", "CI", "EC", "EM", "NC",
-                                                             "NI", "SO", "SW", "TT", "UT", "WS", "KT"};
-
 namespace {
 
 struct SpeciesRowsOfVariant {

@@ -10,10 +10,9 @@
 
 namespace corvalin {
 
+// The variants are those of the column vocabulary (VariantNames()), in the
+// order of the variant list; lower-cased, the order of the tags of a record A.
 inline constexpr int kVariantCount = 15;
-// The variants in the order of the variant list; lower-cased, the order of
-// the tags of a record A.
-extern const std::array<const char*, kVariantCount> VariantNames;
 // The one variant with metric units.
 inline constexpr const char* MetricVariant = "BC";
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "columns/Vocabulary.h"
 #include "standlist/VariantTables.h"
 
 namespace corvalin {
@@ -11,7 +12,7 @@ namespace {
 
 TEST(VariantTables, FifteenVariantsInTheListOrder) {
   std::string joined;
-  for (const char* name : VariantNames) joined += std::string(name) + " ";
+  for (const std::string& name : VariantNames()) joined += name + " ";
   EXPECT_EQ(joined, "AK BC BH BM CI EC EM NC NI SO SW TT UT WS KT ");
 }
 
