@@ -28,9 +28,18 @@ T& Application::Load(std::unique_ptr<T>& slot) {
 frmTemplate& Application::Template() { return Load(template_); }
 frmColumns& Application::Columns() { return Load(columns_); }
 frmHeaders& Application::Headers() { return Load(headers_); }
-frmSlf& Application::Slf() { return Load(slf_); }
+// The editors take their file names from the first screen, whose load sets
+// its file labels; loading it first keeps that from unloading an editor that
+// is itself still loading.
+frmSlf& Application::Slf() {
+  Template();
+  return Load(slf_);
+}
 frmSlfRecord& Application::SlfRecord() { return Load(slfRecord_); }
-frmLocation& Application::Location() { return Load(location_); }
+frmLocation& Application::Location() {
+  Template();
+  return Load(location_);
+}
 frmLocationRecord& Application::LocationRecord() { return Load(locationRecord_); }
 
 void Application::Retire(std::unique_ptr<Screen> screen) {

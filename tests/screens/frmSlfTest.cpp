@@ -789,3 +789,22 @@ TEST_F(SlfAfterTranslation, TheScreenAfterATranslationIsTheStandListEditorWhenSt
 
 }  // namespace
 }  // namespace corvalin
+
+namespace corvalin {
+namespace {
+
+class EditorsBeforeTheFirstScreen : public testing::FreshProcess {};
+
+TEST_F(EditorsBeforeTheFirstScreen, OpeningAnEditorFirstLoadsTheFirstScreenBeforeItAndKeepsTheEditor) {
+  ASSERT_FALSE(App().TemplateLoaded());
+  frmSlf& slf = App().Slf();
+  EXPECT_TRUE(App().TemplateLoaded());
+  EXPECT_TRUE(App().SlfLoaded());
+  EXPECT_EQ(&App().Slf(), &slf);
+  frmLocation& location = App().Location();
+  EXPECT_TRUE(App().LocationLoaded());
+  EXPECT_EQ(&App().Location(), &location);
+}
+
+}  // namespace
+}  // namespace corvalin
