@@ -1,6 +1,22 @@
 #include "screens/Screen.h"
 
+#include "shell/Failure.h"
+
 namespace corvalin {
+
+bool CloseAsQuit(CloseReason reason) {
+  switch (reason) {
+    case CloseReason::ControlMenu:
+      ConfirmQuit();
+      return true;
+    case CloseReason::ProgramUnload:
+      return false;
+    case CloseReason::Other:
+      EndProgram();
+      return false;
+  }
+  return false;
+}
 
 void Screen::Show() {
   visible_ = true;

@@ -14,6 +14,11 @@ namespace corvalin {
 // program's own unload, or anything else (the system shutting down).
 enum class CloseReason { ControlMenu, ProgramUnload, Other };
 
+// The close of a wizard screen: by its control menu, the quit question, and
+// the close itself is cancelled (true); by the program's own unload, nothing;
+// for any other reason the program ends.
+bool CloseAsQuit(CloseReason reason);
+
 class Screen {
  public:
   virtual ~Screen() = default;

@@ -443,17 +443,9 @@ void frmColumns::cmdHelp_Click() {
 }
 
 bool frmColumns::Form_QueryUnload(CloseReason reason) {
-  switch (reason) {
-    case CloseReason::ControlMenu:
-      RunEvent([] { ConfirmQuit(); });
-      return true;
-    case CloseReason::ProgramUnload:
-      return false;
-    case CloseReason::Other:
-      RunEvent([] { EndProgram(); });
-      return false;
-  }
-  return false;
+  bool cancelled = reason == CloseReason::ControlMenu;
+  RunEvent([&] { cancelled = CloseAsQuit(reason); });
+  return cancelled;
 }
 
 ColumnFormat CurrentColumnFormat() { return App().Columns().Format(); }

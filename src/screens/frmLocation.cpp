@@ -136,17 +136,9 @@ void frmLocation::cmdHelp_Click() {
 }
 
 bool frmLocation::Form_QueryUnload(CloseReason reason) {
-  switch (reason) {
-    case CloseReason::ControlMenu:
-      RunEvent([] { ConfirmQuit(); });
-      return true;
-    case CloseReason::ProgramUnload:
-      return false;
-    case CloseReason::Other:
-      RunEvent([] { EndProgram(); });
-      return false;
-  }
-  return false;
+  bool cancelled = reason == CloseReason::ControlMenu;
+  RunEvent([&] { cancelled = CloseAsQuit(reason); });
+  return cancelled;
 }
 
 void WriteLocationFile() {

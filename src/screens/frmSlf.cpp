@@ -204,17 +204,8 @@ void frmSlf::cmdQuit_Click() { ConfirmQuit(); }
 void frmSlf::cmdHelp_Click() { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); }
 
 bool frmSlf::Form_QueryUnload(CloseReason reason) {
-  switch (reason) {
-    case CloseReason::ControlMenu:
-      ConfirmQuit();
-      return true;
-    case CloseReason::ProgramUnload:
-      return false;
-    case CloseReason::Other:
-      EndProgram();
-      return false;
-  }
-  return false;
+  // No handler: an error here passes on.
+  return CloseAsQuit(reason);
 }
 
 bool ValidateStandList() {

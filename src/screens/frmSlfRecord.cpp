@@ -284,7 +284,7 @@ void frmSlfRecord::Form_Load() {
 
     SetUnitLabels();
 
-    for (const char* row : HabitatTypeRows) cmbHabitatType.AddItem(row);
+    for (const std::string& row : PlotHabitatItems()) cmbHabitatType.AddItem(row);
     for (const char* row : GrowthTranslationRows) {
       cmbDiameterGrowthTranslationCode.AddItem(row);
       cmbHeightGrowthTranslationCode.AddItem(row);

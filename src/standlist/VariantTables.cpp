@@ -1,34 +1,10 @@
 #include "standlist/VariantTables.h"
 
-#include <cstddef>
+#include "columns/SpeciesCodes.h"
 
 namespace corvalin {
 
 namespace {
-
-struct SpeciesRowsOfVariant {
-  const char* variant;
-  std::array<const char*, kSiteSpeciesRows> rows;
-};
-
-// The site species a variant offers; "--" holds a place with no species.
-const SpeciesRowsOfVariant kSiteSpecies[] = {
-    {"AK", {"WS", "RC", "SF", "MH", "WH", "YC", "LP", "SS", "AF", "HD", "--", "--", "--", "--", "--"}},
-    {"BC", {"PW", "LW", "FD", "BG", "HW", "CW", "PL", "SE", "BL", "PY", "EP", "AT", "CT", "OC", "OH"}},
-    {"BH", {"CW", "OS", "DF", "--", "OH", "AS", "LP", "WS", "--", "PP", "J", "--", "--", "--", "--"}},
-    {"BM", {"WP", "WL", "DF", "WF", "WH", "GF", "LP", "ES", "AF", "PP", "--", "--", "--", "--", "--"}},
-    {"CI", {"WP", "WL", "DF", "GF", "WH", "RC", "LP", "ES", "AF", "PP", "--", "--", "--", "--", "--"}},
-    {"EC", {"WP", "WL", "DF", "SF", "--", "GF", "LP", "ES", "AF", "PP", "--", "--", "--", "--", "--"}},
-    {"EM", {"WB", "L", "DF", "GF", "WH", "C", "LP", "S", "AF", "PP", "MH", "--", "--", "--", "--"}},
-    {"NC", {"OC", "SP", "DF", "WF", "M", "IC", "BO", "TO", "RF", "PP", "SF", "--", "--", "--", "--"}},
-    {"NI", {"WP", "L", "DF", "GF", "WH", "C", "LP", "S", "AF", "PP", "MH", "--", "--", "--", "--"}},
-    {"SO", {"WP", "SP", "DF", "WF", "MH", "IC", "LP", "ES", "RF", "PP", "--", "--", "--", "--", "--"}},
-    {"SW", {"WP", "OS", "DF", "WF", "SF", "AS", "BS", "ES", "AF", "PP", "CB", "--", "--", "--", "--"}},
-    {"TT", {"WB", "LM", "DF", "--", "--", "AS", "LP", "ES", "AF", "--", "--", "--", "--", "--", "--"}},
-    {"UT", {"WB", "LM", "DF", "WF", "--", "AS", "LP", "ES", "AF", "PP", "--", "--", "--", "--", "--"}},
-    {"WS", {"OC", "SP", "DF", "WF", "GS", "IC", "TO", "JP", "RF", "PP", "TO", "--", "--", "--", "--"}},
-    {"KT", {"WP", "L", "DF", "GF", "WH", "C", "LP", "S", "AF", "PP", "OTH", "--", "--", "--", "--"}},
-};
 
 struct LocationRowsOfKey {
   const char* key;
@@ -77,12 +53,10 @@ const LocationRowsOfKey kLocations[] = {
 }  // namespace
 
 std::array<std::string, kSiteSpeciesRows> SiteSpeciesRows(std::string_view variant) {
-  std::array<std::string, kSiteSpeciesRows> rows{};
-  for (const SpeciesRowsOfVariant& entry : kSiteSpecies) {
-    if (variant != entry.variant) continue;
-    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = entry.rows[i];
-  }
-  return rows;
+  // The stand's site species are the variant's species slots, placeholders
+  // and repeats included; a text that is no variant gives empty rows.
+  const SpeciesList* slots = SpeciesRowOf(variant);
+  return slots != nullptr ? *slots : std::array<std::string, kSiteSpeciesRows>{};
 }
 
 std::vector<std::string> LocationRows(std::string_view variant) {
@@ -93,39 +67,6 @@ std::vector<std::string> LocationRows(std::string_view variant) {
   }
   return rows;
 }
-
-const std::array<const char*, kHabitatTypeRows> HabitatTypeRows = {
-    "130 : Yellow Pine/Bluebunch Wheatgrass",
-    "170 : Yellow Pine/Common Snowberry",
-    "250 : Douglas Fir/Dwarf Huckleberry",
-    "260 : Douglas Fir/Ninebark",
-    "280 : Douglas Fir/Blue Huckleberry",
-    "290 : Douglas Fir/Twinflower",
-    "310 : Douglas Fir/Common Snowberry",
-    "320 : Douglas Fir/Pinegrass",
-    "330 : Douglas Fir/Elk Sedge",
-    "420 : Spruce/Queencup Beadlily",
-    "470 : Spruce/Twinflower",
-    "510 : Grand Fir/Beargrass",
-    "520 : Grand Fir/Queencup Beadlily",
-    "530 : Red Cedar/Queencup Beadlily",
-    "540 : Red Cedar/Lady Fern",
-    "550 : Red Cedar/Devil's Club",
-    "570 : Western Hemlock/Queencup Beadlily",
-    "610 : Sub-Alpine Fir/Devil's Club",
-    "620 : Sub-Alpine Fir/Queencup Beadlily",
-    "640 : Sub-Alpine Fir/Dwarf Huckleberry",
-    "660 : Sub-Alpine Fir/Twinflower",
-    "670 : Sub-Alpine Fir/False Azalea",
-    "680 : Mountain Hemlock/False Azalea",
-    "690 : Sub-Alpine Fir/Beargrass",
-    "710 : Mountain Hemlock/Beargrass",
-    "720 : Sub-Alpine Fir/Blue Huckleberry",
-    "730 : Sub-Alpine Fir/Grouse Whortleberry",
-    "830 : Sub-Alpine Fir/Smooth Woodrush",
-    "850 : White Bark Pine - Sub-Alpine Fir",
-    "999 : Other",
-};
 
 const std::array<const char*, kGrowthTranslationRows> GrowthTranslationRows = {
     "0 : Measured directly/end of period",

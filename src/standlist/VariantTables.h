@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "columns/SpeciesCodes.h"
+
 namespace corvalin {
 
 // The variants are those of the column vocabulary (VariantNames()), in the
@@ -16,9 +18,9 @@ inline constexpr int kVariantCount = 15;
 // The one variant with metric units.
 inline constexpr const char* MetricVariant = "BC";
 
-// The site species list always has this many rows; a place without a species
-// holds "--".
-inline constexpr int kSiteSpeciesRows = 15;
+// The site species list always has this many rows, the variant's species
+// slots; a place without a species holds "--".
+inline constexpr int kSiteSpeciesRows = kSpeciesSlots;
 // The rows of the site species list for a variant (exact, case-sensitive
 // name); any other text gives 15 empty rows.
 std::array<std::string, kSiteSpeciesRows> SiteSpeciesRows(std::string_view variant);
@@ -28,8 +30,8 @@ std::array<std::string, kSiteSpeciesRows> SiteSpeciesRows(std::string_view varia
 // have none: the user types the code.
 std::vector<std::string> LocationRows(std::string_view variant);
 
-inline constexpr int kHabitatTypeRows = 30;
-extern const std::array<const char*, kHabitatTypeRows> HabitatTypeRows;
+// The habitat types are the 30 rows of the plot habitat list of the column
+// vocabulary (PlotHabitatItems()).
 
 inline constexpr int kGrowthTranslationRows = 4;
 extern const std::array<const char*, kGrowthTranslationRows> GrowthTranslationRows;

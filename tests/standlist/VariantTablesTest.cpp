@@ -67,13 +67,6 @@ TEST(VariantTables, WsAndKtHaveNoLocationRowsAndTheWnRowsAreReachedOnlyByTheirKe
   EXPECT_EQ(LocationRows("WN").size(), 6u);
 }
 
-TEST(VariantTables, ThirtyHabitatTypesFromYellowPineToOther) {
-  EXPECT_EQ(std::string(HabitatTypeRows[0]), "130 : Yellow Pine/Bluebunch Wheatgrass");
-  EXPECT_EQ(std::string(HabitatTypeRows[15]), "550 : Red Cedar/Devil's Club");
-  EXPECT_EQ(std::string(HabitatTypeRows[28]), "850 : White Bark Pine - Sub-Alpine Fir");
-  EXPECT_EQ(std::string(HabitatTypeRows[29]), "999 : Other");
-}
-
 TEST(VariantTables, FourGrowthTranslationCodes) {
   EXPECT_EQ(std::string(GrowthTranslationRows[0]), "0 : Measured directly/end of period");
   EXPECT_EQ(std::string(GrowthTranslationRows[3]), "3 : By subtraction/start of period");
