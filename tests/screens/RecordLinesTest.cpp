@@ -22,11 +22,12 @@ using testing::FreshProcess;
 using testing::StatesOf;
 using testing::WriteFile;
 
-constexpr ButtonStates kAllOff{false, false, false, false};
-constexpr ButtonStates kAllOn{true, true, true, true};
-constexpr ButtonStates kOnlyLine{false, false, true, true};
-constexpr ButtonStates kFirstOfMore{false, true, true, true};
-constexpr ButtonStates kLast{true, false, true, true};
+using testing::kAllOff;
+using testing::kFirstOfMore;
+using testing::kLast;
+using testing::kOnlyLine;
+// Every button on: a line between two others.
+constexpr ButtonStates kAllOn = testing::kMiddle;
 
 const char* const kPlaceholder = " *** new record A *** ";
 

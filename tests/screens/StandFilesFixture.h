@@ -38,6 +38,13 @@ inline void PrintTo(const ButtonStates& s, std::ostream* os) {
   *os << "{up " << s.up << ", down " << s.down << ", edit " << s.edit << ", delete " << s.del << "}";
 }
 
+// The button states the list's click gives, by where the selection stands.
+constexpr ButtonStates kAllOff{false, false, false, false};
+constexpr ButtonStates kOnlyLine{false, false, true, true};
+constexpr ButtonStates kFirstOfMore{false, true, true, true};
+constexpr ButtonStates kLast{true, false, true, true};
+constexpr ButtonStates kMiddle{true, true, true, true};
+
 inline ButtonStates StatesOf(const RecordLineButtons& buttons) {
   return {buttons.up.Enabled, buttons.down.Enabled, buttons.edit.Enabled, buttons.del.Enabled};
 }

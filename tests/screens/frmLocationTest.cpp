@@ -28,10 +28,10 @@ using testing::StandFiles;
 using testing::StatesOf;
 using testing::WriteFile;
 
-constexpr ButtonStates kAllOff{false, false, false, false};
-constexpr ButtonStates kFirstOfMore{false, true, true, true};
-constexpr ButtonStates kLast{true, false, true, true};
-constexpr ButtonStates kMiddle{true, true, true, true};
+using testing::kAllOff;
+using testing::kFirstOfMore;
+using testing::kLast;
+using testing::kMiddle;
 
 const std::vector<std::string> kValidStandList = {"A st1 one.tre WithPointData @", "B st1 @"};
 const std::vector<std::string> kInvalidStandList = {"A st1 one.tre WithPointData @", "C st1 @"};

@@ -32,11 +32,11 @@ using testing::StandFilesWithTable;
 using testing::StatesOf;
 using testing::WriteFile;
 
-constexpr ButtonStates kAllOff{false, false, false, false};
-constexpr ButtonStates kFirstOfMore{false, true, true, true};
-constexpr ButtonStates kLast{true, false, true, true};
-constexpr ButtonStates kMiddle{true, true, true, true};
-constexpr ButtonStates kOnlyLine{false, false, true, true};
+using testing::kAllOff;
+using testing::kFirstOfMore;
+using testing::kLast;
+using testing::kMiddle;
+using testing::kOnlyLine;
 
 const std::vector<std::string> kOneStand = {
     "A st1 trees\\st1.tre WithPointData bc @",
