@@ -78,6 +78,8 @@ std::string ReadBytes(const std::string& path) {
 void Require(bool condition, const char* what) {
   if (condition) return;
   std::fprintf(stderr, "fuzz finding: %s\n", what);
+  // abort skips the exit handlers: the scratch HOME goes first.
+  RemoveScratchHome();
   std::abort();
 }
 
