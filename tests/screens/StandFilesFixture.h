@@ -49,6 +49,16 @@ inline ButtonStates StatesOf(const RecordLineButtons& buttons) {
   return {buttons.up.Enabled, buttons.down.Enabled, buttons.edit.Enabled, buttons.del.Enabled};
 }
 
+// The wizard stepped from one screen to the next: the next is shown where the
+// first stood, the first is hidden, and the busy pointer is back to normal.
+inline void ExpectHandedOver(const Screen& from, const Screen& to, int left, int top, bool busyPointer) {
+  EXPECT_TRUE(to.Visible());
+  EXPECT_EQ(to.Left, left);
+  EXPECT_EQ(to.Top, top);
+  EXPECT_FALSE(from.Visible());
+  EXPECT_FALSE(busyPointer);
+}
+
 template <class Fixture>
 class StandFilesBase : public Fixture {
  protected:

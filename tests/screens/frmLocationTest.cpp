@@ -269,11 +269,7 @@ TEST_F(LocationScreen, DoneWithNoPendingChangesRunsNoValidationAndGoesToTheFirst
   EXPECT_TRUE(ui.Texts().empty());
   EXPECT_EQ(ReadFile(locPath), before);
   frmTemplate& setup = App().Template();
-  EXPECT_TRUE(setup.Visible());
-  EXPECT_EQ(setup.Left, 77);
-  EXPECT_EQ(setup.Top, 88);
-  EXPECT_FALSE(location.Visible());
-  EXPECT_FALSE(ui.busyPointer);
+  testing::ExpectHandedOver(location, setup, 77, 88, ui.busyPointer);
 }
 
 TEST_F(LocationScreen, DoneWithPendingChangesAndAValidStandListSavesAndGoesToTheFirstScreen) {

@@ -570,11 +570,7 @@ TEST_F(SlfScreen, NextRightAfterLoadPassesAnInvalidFileUnremarked) {
   EXPECT_TRUE(ui.Texts().empty());
   EXPECT_EQ(ReadFile(slfPath), EveryWrongKindFileBytes());
   frmLocation& location = App().Location();
-  EXPECT_TRUE(location.Visible());
-  EXPECT_EQ(location.Left, 120);
-  EXPECT_EQ(location.Top, 340);
-  EXPECT_FALSE(slf.Visible());
-  EXPECT_FALSE(ui.busyPointer);
+  testing::ExpectHandedOver(slf, location, 120, 340, ui.busyPointer);
 }
 
 TEST_F(SlfScreen, NextWithChangesValidatesWritesAndGoesOn) {
