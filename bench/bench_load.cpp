@@ -20,7 +20,7 @@
 #include "shell/UnattendedToolkit.h"
 #include "tree_file.h"
 #include "worktable/InputLines.h"
-#include "worktable/PrepareDatabase.h"
+#include "screens/PrepareDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace fs = std::filesystem;

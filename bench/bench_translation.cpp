@@ -2,13 +2,11 @@
 // a working table of 32,767 rows with ten assigned columns.
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <unistd.h>
 
-#include "screens/Application.h"
-#include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
 #include "shell/UnattendedToolkit.h"
@@ -112,16 +110,15 @@ void ImperialTranslationOfTable(benchmark::State& state) {
   engine.CommtTrans();
   insert.reset();
   engine.CloseDB();
-  frmHeaders& headers = App().Headers();
-  const char* headings[] = {"Plot ID\r\n", "Tree ID\r\n", "Tree Count\r\n", "Tree History\r\n", "Species\r\n",
+  std::array<std::string, 32> headings{};
+  const char* assigned[] = {"Plot ID\r\n", "Tree ID\r\n", "Tree Count\r\n", "Tree History\r\n", "Species\r\n",
                             "DBH\r\ninches", "Periodic DBH Inc.\r\ninches", "Total Height\r\nfeet",
                             "Crown Ratio\r\n%", "Plot Slope\r\n%"};
-  for (int i = 1; i <= 10; ++i) headers.ColumnCaption[static_cast<std::size_t>(i)] = headings[i - 1];
-  headers.cmbVariant.Text = "NI";
-  App().Template().lblOutputFile.Caption = (folder / "out.tre").string();
+  for (int i = 1; i <= 10; ++i) headings[static_cast<std::size_t>(i)] = assigned[i - 1];
+  const TranslationRequest request{(folder / "out.tre").string(), "NI", IdentifiedColumns(headings, 10)};
   Run().CommandLineMode = true;  // no question about the file of the last round
   if (state.range(1) == 0) {
-    for (auto _ : state) TranslateUs();
+    for (auto _ : state) TranslateUs(request);
   } else {
     // Only the opening of the table: the row set read into memory.
     for (auto _ : state) {

@@ -18,7 +18,7 @@
 #include <QApplication>
 
 #include "desktop/QtToolkit.h"
-#include "desktop/frmTemplateWindow.h"
+#include "desktop/ViewFactory.h"
 #endif
 
 namespace {

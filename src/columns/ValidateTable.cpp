@@ -8,21 +8,20 @@
 #include "columns/DamageSeverity.h"
 #include "columns/SpeciesCodes.h"
 #include "columns/Vocabulary.h"
-#include "screens/frmHeaders.h"
 #include "shell/Error.h"
-#include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
-#include "shell/Toolkit.h"
 
 namespace corvalin {
 
 namespace {
 
-// A fault: the message, one breath for the screen, and the run ends false.
-bool Fault(const std::string& text) {
-  ShowMessage(text);
-  UI().DoEvents();
+// A fault: the message, and the cell to show with it.
+bool Fault(ValidationResult& result, const std::string& text, int16_t column = -1,
+           Recordset::Bookmark row = -1) {
+  result.fault = text;
+  result.column = column;
+  result.row = row;
   return false;
 }
 
@@ -90,12 +89,10 @@ constexpr std::array<int16_t RunState::*, 21> kAllIndexes = {
 };
 
 // The column pass for one heading: false after a reported fault.
-bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, const std::string& units) {
+bool CheckAssignment(const ValidationInput& input, ValidationResult& result, int16_t i, const std::string& type,
+                     const std::string& units) {
   RunState& run = Run();
-  const auto faultAtColumn = [&](const char* text) {
-    headers.SelectGridColumn(i);
-    return Fault(text);
-  };
+  const auto faultAtColumn = [&](const char* text) { return Fault(result, text, i); };
   if (type == UnassignedColumn) return true;
   for (const IndexOnlyType& t : kIndexOnlyTypes) {
     if (type != t.type) continue;
@@ -109,14 +106,14 @@ bool CheckAssignment(frmHeaders& headers, int16_t i, const std::string& type, co
     const bool isLength = t.scales[0].empty();
     if (isLength) {
       if (units == "degrees" || units == "%" || units == "codes") return faultAtColumn(t.invalid);
-      if (!headers.IsUnitsOfMeasurementSystem(units)) return faultAtColumn("Incorrect units (metric/imperial).");
+      if (!IsUnitsOfMeasurementSystem(units, input.metric)) return faultAtColumn("Incorrect units (metric/imperial).");
     } else if (units != t.scales[0] && units != t.scales[1]) {
       return faultAtColumn(t.invalid);
     }
     run.*t.units = units;
     return true;
   }
-  return Fault("ERROR - unknown column type.");
+  return Fault(result, "ERROR - unknown column type.");
 }
 
 // The fields c1..c30 of the row set, found once for the whole row pass.
@@ -134,6 +131,20 @@ struct CellFields {
   const Recordset& rows_;
   std::array<int, 31> index_{};
 };
+
+// The columns a tree list cannot do without, in the order they are asked for.
+struct RequiredColumn {
+  int16_t RunState::*column;
+  const char* missing;
+};
+
+constexpr std::array<RequiredColumn, 5> kRequiredColumns = {{
+    {&RunState::ColPlotId, "Plot ID column is required."},
+    {&RunState::ColTreeId, "Tree ID column is required."},
+    {&RunState::ColTreeCount, "Tree Count column is required."},
+    {&RunState::ColSpecies, "Species column is required."},
+    {&RunState::ColDbh, "DBH column is required."},
+}};
 
 // The checks of one cell each that follow the diameter, in their order; each
 // fault selects the row.
@@ -162,7 +173,7 @@ constexpr std::array<CellCheck, 15> kCellChecks = {{
 }};
 
 // The cell checks of one row taking part, in their fixed order.
-bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
+bool CheckRow(const ValidationInput& input, ValidationResult& result, Recordset& rows, const CellFields& fields) {
   const RunState& run = Run();
   // The cell's text as it stands; a Null cannot be read as text.
   const auto cell = [&](int16_t column) {
@@ -170,24 +181,21 @@ bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
     if (!value) Raise(err::InvalidUseOfNull, "ValidateTable");
     return *value;
   };
-  const auto faultAtRow = [&](const char* text) {
-    headers.SelectGridRow(rows.GetBookmark());
-    return Fault(text);
-  };
+  const auto faultAtRow = [&](const char* text) { return Fault(result, text, -1, rows.GetBookmark()); };
   if (run.ColPlotId != -1 && TrimBlanks(cell(run.ColPlotId)).empty()) return faultAtRow("Invalid Plot Id.");
   // The next three leave the selection where it is.
-  if (run.ColTreeId != -1 && TrimBlanks(cell(run.ColTreeId)).empty()) return Fault("Invalid Tree Id.");
+  if (run.ColTreeId != -1 && TrimBlanks(cell(run.ColTreeId)).empty()) return Fault(result, "Invalid Tree Id.");
   if (run.ColTreeCount != -1) {
     const std::string count = TrimBlanks(cell(run.ColTreeCount));
-    if (count == "0" || count.empty()) return Fault("Tree Count is required.");
-    if (!IsDecimalText(count)) return Fault("Invalid Tree Count.");
+    if (count == "0" || count.empty()) return Fault(result, "Tree Count is required.");
+    if (!IsDecimalText(count)) return Fault(result, "Invalid Tree Count.");
   }
   if (run.ColTreeHistory != -1 && !IsValidTreeHistory(cell(run.ColTreeHistory)))
     return faultAtRow("Invalid Tree History Code.");
   if (run.ColSpecies != -1) {
     // A copy: the mapped "BC" code is not written back to the table.
     std::string species(cell(run.ColSpecies));
-    if (!IsValidSpecies(species, headers.cmbVariant.Text)) return faultAtRow("Invalid Species Code.");
+    if (!IsValidSpecies(species, input.variant)) return faultAtRow("Invalid Species Code.");
   }
   if (run.ColDbh != -1) {
     const std::string_view dbh = cell(run.ColDbh);
@@ -203,46 +211,45 @@ bool CheckRow(frmHeaders& headers, Recordset& rows, const CellFields& fields) {
 
 }  // namespace
 
-bool ValidateTable(frmHeaders& headers) {
+ValidationResult ValidateTable(const ValidationInput& input) {
   RunState& run = Run();
+  ValidationResult result;
+  const std::array<std::string, 32>& headings = input.headings;
   // The units are not reset: they keep their last value until overwritten.
   for (int16_t RunState::*index : kAllIndexes) run.*index = -1;
 
   // Headings that are still the plain field names: the screen was loaded but
   // never shown, and there is nothing to check against.
-  if (headers.ColumnCaption[1].find('\r') == std::string::npos) {
-    UI().DoEvents();
-    return false;
-  }
+  if (headings[1].find('\r') == std::string::npos) return result;
 
   const int16_t columnCount = run.ColumnCount;
   for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
     std::string type, units;
-    SplitHeading(headers.ColumnCaption.at(static_cast<std::size_t>(i)), type, units);
+    SplitHeading(headings.at(static_cast<std::size_t>(i)), type, units);
     if (type != UnassignedColumn) {
       for (int16_t j = Inc16(i); j <= columnCount; j = Inc16(j)) {
         std::string otherType, otherUnits;
-        SplitHeading(headers.ColumnCaption.at(static_cast<std::size_t>(j)), otherType, otherUnits);
+        SplitHeading(headings.at(static_cast<std::size_t>(j)), otherType, otherUnits);
         if (otherType == type) {
-          headers.SelectGridColumn(i);
-          return Fault("Duplicate columns.");
+          Fault(result, "Duplicate columns.", i);
+          return result;
         }
       }
     }
-    if (!CheckAssignment(headers, i, type, units)) return false;
+    if (!CheckAssignment(input, result, i, type, units)) return result;
   }
 
-  if (run.ColPlotId == -1) return Fault("Plot ID column is required.");
-  if (run.ColTreeId == -1) return Fault("Tree ID column is required.");
-  if (run.ColTreeCount == -1) return Fault("Tree Count column is required.");
-  if (run.ColSpecies == -1) return Fault("Species column is required.");
-  if (run.ColDbh == -1) return Fault("DBH column is required.");
+  for (const RequiredColumn& required : kRequiredColumns) {
+    if (run.*required.column != -1) continue;
+    Fault(result, required.missing);
+    return result;
+  }
 
-  if (!headers.Adodc1.Recordset) Raise(err::ObjectNotSet);
-  auto rows = headers.Adodc1.Recordset->Clone();
+  if (!input.rows) Raise(err::ObjectNotSet);
+  auto rows = input.rows->Clone();
   std::array<bool, 31> columnAssigned{};
   for (int16_t i = 1; i <= columnCount; i = Inc16(i))
-    columnAssigned.at(static_cast<std::size_t>(i)) = HeadingIsAssigned(headers.ColumnCaption.at(static_cast<std::size_t>(i)));
+    columnAssigned.at(static_cast<std::size_t>(i)) = HeadingIsAssigned(headings.at(static_cast<std::size_t>(i)));
   const CellFields fields(*rows);
   rows->MoveFirst();
   const int excludedField = rows->IsEOF() ? -1 : rows->RequireField("Excluded");
@@ -255,12 +262,12 @@ bool ValidateTable(frmHeaders& headers) {
       if (value && !value->empty()) rowHasData = true;
     }
     if (rowHasData && rows->CellAt(excludedField).value_or(std::string_view()) == "N") {
-      if (!CheckRow(headers, *rows, fields)) return false;
+      if (!CheckRow(input, result, *rows, fields)) return result;
     }
     rows->MoveNext();
   }
-  UI().DoEvents();
-  return true;
+  result.valid = true;
+  return result;
 }
 
 }  // namespace corvalin

@@ -21,6 +21,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "screens/Screen.h"
 #include "shell/RunState.h"
 
 namespace corvalin {
@@ -239,6 +240,12 @@ AppendChoice QtToolkit::AskAppendOverwriteCancel(const std::string& text) {
   CentreOnScreen(&window);
   window.exec();
   return window.choice;
+}
+
+void QtToolkit::RunModal(ModalWindow& window) {
+  auto* screen = dynamic_cast<Screen*>(&window);
+  if (screen == nullptr || screen->View() == nullptr) return;
+  screen->View()->RunModal();
 }
 
 bool QtToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {

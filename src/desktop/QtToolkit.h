@@ -40,6 +40,9 @@ class QtToolkit : public Toolkit {
   void ShowBanner(const std::string& title, const std::string& text) override;
   void HideBanner() override;
   AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  // The modal loop of the screen's own window; a screen without a window
+  // ends as cancelled.
+  void RunModal(ModalWindow& window) override;
   bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
   void Beep() override;
   [[noreturn]] void EndProcess(int exitCode) override;

@@ -9,12 +9,11 @@
 #include <QVBoxLayout>
 
 #include "desktop/QtToolkit.h"
-#include "screens/Application.h"
 #include "screens/frmTemplate.h"
 
 namespace corvalin {
 
-frmTemplateWindow::frmTemplateWindow(frmTemplate& screen, QWidget* parent) : QWidget(parent), screen_(screen) {
+frmTemplateWindow::frmTemplateWindow(frmTemplate& screen) : ScreenWindow(screen) {
   setObjectName(QStringLiteral("frmTemplate"));
   inputFile_ = new QLabel(this);
   inputFile_->setObjectName(QStringLiteral("lblInputFile"));
@@ -29,9 +28,9 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen, QWidget* parent) : QWi
   quit_->setObjectName(QStringLiteral("cmdQuit"));
 
   auto* form = new QFormLayout;
-  form->addRow(ToQt(screen_.lblInputFile1.Caption), inputFile_);
-  form->addRow(ToQt(screen_.lblOutputFile1.Caption), outputFile_);
-  form->addRow(ToQt(screen_.lblTemplateFile1.Caption), templates_);
+  form->addRow(ToQt(screen.lblInputFile1.Caption), inputFile_);
+  form->addRow(ToQt(screen.lblOutputFile1.Caption), outputFile_);
+  form->addRow(ToQt(screen.lblTemplateFile1.Caption), templates_);
   auto* note = new QLabel(
       tr("This version opens the setup screen only: choosing the files and the template, and the column, "
          "grid and stand list screens that follow, come with the next versions. An unattended run works "
@@ -47,13 +46,16 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen, QWidget* parent) : QWi
   layout->addWidget(note);
   layout->addLayout(buttons);
 
-  connect(help_, &QPushButton::clicked, this, [this] { screen_.cmdHelp_Click(); });
-  connect(quit_, &QPushButton::clicked, this, [this] { screen_.cmdQuit_Click(); });
+  connect(help_, &QPushButton::clicked, this, [this] { Fire([this] { Setup().cmdHelp_Click(); }); });
+  connect(quit_, &QPushButton::clicked, this, [this] { Fire([this] { Setup().cmdQuit_Click(); }); });
   resize(560, 240);
-  Redraw();
 }
 
-void frmTemplateWindow::Redraw() {
+frmTemplate& frmTemplateWindow::Setup() const { return static_cast<frmTemplate&>(*DrawnScreen()); }
+
+void frmTemplateWindow::Redraw(const ScreenChanges& changes) {
+  if (!changes.controls) return;
+  const frmTemplate& screen_ = Setup();
   setWindowTitle(ToQt(screen_.Caption));
   inputFile_->setText(PathToQt(screen_.lblInputFile.Caption));
   inputFile_->setStyleSheet(screen_.lblInputFile.Red ? QStringLiteral("color: rgb(255, 0, 0)") : QString());
@@ -70,22 +72,7 @@ void frmTemplateWindow::closeEvent(QCloseEvent* event) {
   // Closing the first screen is a wish to quit: the question is asked, and
   // the window stays; the process ends only through the answer Yes.
   event->ignore();
-  screen_.CloseRequested();
-}
-
-void AttachDesktopViews() {
-  App().ScreenCreated = [](Screen& screen) {
-    auto* setup = dynamic_cast<frmTemplate*>(&screen);
-    if (setup == nullptr) return;
-    auto* window = new frmTemplateWindow(*setup);
-    window->setAttribute(Qt::WA_DeleteOnClose, false);
-    setup->ViewShown = [window](Screen&) {
-      window->Redraw();
-      window->show();
-      window->raise();
-    };
-    setup->ViewHidden = [window](Screen&) { window->hide(); };
-  };
+  if (DrawnScreen() != nullptr) Fire([this] { Setup().CloseRequested(); });
 }
 
 }  // namespace corvalin

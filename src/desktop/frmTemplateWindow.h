@@ -4,7 +4,7 @@
 // that follow it.
 #pragma once
 
-#include <QWidget>
+#include "desktop/ScreenWindow.h"
 
 class QComboBox;
 class QLabel;
@@ -14,30 +14,26 @@ namespace corvalin {
 
 class frmTemplate;
 
-class frmTemplateWindow : public QWidget {
+class frmTemplateWindow : public ScreenWindow {
   Q_OBJECT
 
  public:
-  explicit frmTemplateWindow(frmTemplate& screen, QWidget* parent = nullptr);
-
-  // Draws the controller's state.
-  void Redraw();
+  explicit frmTemplateWindow(frmTemplate& screen);
 
   QPushButton* QuitButton() const { return quit_; }
 
  protected:
+  void Redraw(const ScreenChanges& changes) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  frmTemplate& screen_;
+  frmTemplate& Setup() const;
+
   QLabel* inputFile_;
   QLabel* outputFile_;
   QComboBox* templates_;
   QPushButton* help_;
   QPushButton* quit_;
 };
-
-// Makes the windows of the screens as the Application object loads them.
-void AttachDesktopViews();
 
 }  // namespace corvalin

@@ -1,11 +1,16 @@
 // The one application object: it owns the screen controllers, loads each on
 // first use (running its load routine) and unloads it, as the screens are
 // loaded, shown, hidden and unloaded. Controllers reach each other only
-// through it and through the run state.
+// through it and through the run state. It keeps the views up to date: after
+// each event the person causes, every loaded screen whose drawn state changed
+// tells its view so; a screen unloaded during an event lets go of its rows
+// and its database at once and is destroyed, with its view, when the
+// outermost event has ended.
 #pragma once
 
 #include <functional>
 #include <memory>
+#include <typeindex>
 #include <vector>
 
 namespace corvalin {
@@ -14,6 +19,8 @@ class Screen;
 class frmTemplate;
 class frmColumns;
 class frmHeaders;
+class frmTemplateName;
+class frmDamageSeverity;
 class frmSlf;
 class frmSlfRecord;
 class frmLocation;
@@ -23,60 +30,76 @@ class Application {
  public:
   Application();
   ~Application();
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
 
   // Each accessor loads its screen when it is not loaded.
   frmTemplate& Template();
   frmColumns& Columns();
   frmHeaders& Headers();
+  frmTemplateName& TemplateName();
+  frmDamageSeverity& DamageSeverity();
   frmSlf& Slf();
   frmSlfRecord& SlfRecord();
   frmLocation& Location();
   frmLocationRecord& LocationRecord();
 
-  bool TemplateLoaded() const { return template_ != nullptr; }
-  bool ColumnsLoaded() const { return columns_ != nullptr; }
-  bool HeadersLoaded() const { return headers_ != nullptr; }
-  bool SlfLoaded() const { return slf_ != nullptr; }
-  bool SlfRecordLoaded() const { return slfRecord_ != nullptr; }
-  bool LocationLoaded() const { return location_ != nullptr; }
-  bool LocationRecordLoaded() const { return locationRecord_ != nullptr; }
+  bool TemplateLoaded() const;
+  bool ColumnsLoaded() const;
+  bool HeadersLoaded() const;
+  bool TemplateNameLoaded() const;
+  bool DamageSeverityLoaded() const;
+  bool SlfLoaded() const;
+  bool SlfRecordLoaded() const;
+  bool LocationLoaded() const;
+  bool LocationRecordLoaded() const;
 
   void UnloadTemplate();
   void UnloadColumns();
   void UnloadHeaders();
+  void UnloadTemplateName();
+  void UnloadDamageSeverity();
   void UnloadSlf();
   void UnloadSlfRecord();
   void UnloadLocation();
   void UnloadLocationRecord();
-  // Unloads every screen (a fresh start, for tests).
+  // Unloads every screen and destroys them at once (a fresh start, for
+  // tests, outside any event).
   void UnloadAll();
 
-  // A view layer that wants to draw each screen registers here; it is called
-  // right after a screen is made, before its load routine runs.
-  std::function<void(Screen&)> ScreenCreated;
+  // The view layer's factory: called right after a screen is made, before its
+  // load routine runs, to attach a view to it.
+  std::function<void(Screen&)> ViewFactory;
 
-  // Opens a dialog modally: it is shown, and RunModal (a view's modal loop,
-  // or a test's script pressing the dialog's buttons) runs until the dialog
-  // unloads itself. A dialog still open afterwards, or with no one to run it,
-  // ends as cancelled.
+  // The one door of modal dialogs: the dialog is shown, and the Toolkit runs
+  // its modal loop (the view's, in the desktop; the test's script, in tests)
+  // until the dialog hides itself. A dialog still open afterwards, or with no
+  // one to run it, ends as cancelled.
   void ShowModal(Screen& dialog);
-  std::function<void(Screen&)> RunModal;
+
+  // Tells the view of each loaded screen what changed since it was last told.
+  void DeliverChanges();
+  // Destroys the screens unloaded since, with their views.
+  void DestroyUnloaded();
+  // How many unloaded screens wait for the end of the event.
+  std::size_t UnloadedWaiting() const { return unloaded_.size(); }
 
  private:
+  struct Slot {
+    std::type_index type;
+    std::unique_ptr<Screen> screen;
+  };
   template <class T>
-  T& Load(std::unique_ptr<T>& slot);
+  T& Load();
+  template <class T>
+  bool Loaded() const;
+  template <class T>
+  void Unload();
   void Retire(std::unique_ptr<Screen> screen);
 
-  std::unique_ptr<frmTemplate> template_;
-  std::unique_ptr<frmColumns> columns_;
-  std::unique_ptr<frmHeaders> headers_;
-  std::unique_ptr<frmSlf> slf_;
-  std::unique_ptr<frmSlfRecord> slfRecord_;
-  std::unique_ptr<frmLocation> location_;
-  std::unique_ptr<frmLocationRecord> locationRecord_;
-  // An unloaded screen may still be running the event that unloaded it, so it
-  // is kept until the next full unload.
-  std::vector<std::unique_ptr<Screen>> retired_;
+  // In order of loading, which is the order their views are told.
+  std::vector<Slot> loaded_;
+  std::vector<std::unique_ptr<Screen>> unloaded_;
 };
 
 Application& App();

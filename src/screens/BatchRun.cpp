@@ -12,7 +12,7 @@
 #include "shell/Failure.h"
 #include "shell/Toolkit.h"
 #include "translation/RunTranslation.h"
-#include "worktable/PrepareDatabase.h"
+#include "screens/PrepareDatabase.h"
 
 namespace corvalin {
 
@@ -40,9 +40,9 @@ void ContinueBatchRun() {
   frmHeaders& headers = App().Headers();
   headers.Form_Activate();
   // 7.
-  if (ValidateTable(headers)) {
+  if (headers.Validate()) {
     // 8. Whether the translation itself went through is not looked at.
-    RunTranslation();
+    RunTranslation(headers.TranslationOf());
     UI().SetBusyPointer(false);
     UI().HideBanner();
     WriteResult(ResultSuccess);

@@ -1,27 +1,13 @@
 #include "screens/ProcessState.h"
 
-#include "columns/SpeciesCodes.h"
-#include "input/ColumnFormat.h"
 #include "screens/Application.h"
-#include "shell/AppUtil.h"
-#include "shell/RunState.h"
-#include "shell/TextFile.h"
-#include "templates/TemplateCommands.h"
-#include "worktable/clsDBEngine.h"
+#include "worktable/WorkState.h"
 
 namespace corvalin {
 
 void ResetProcessState() {
   App().UnloadAll();
-  CloseDatabase();
-  TftRecords().reset();
-  ResetRunState();
-  ResetMarkers();
-  ResetCommands();
-  ResetSpeciesCodes();
-  ForgetFilesLeftOpen();
-  SetWorkingDirectoryCaption("");
-  App().RunModal = nullptr;
+  ResetWorkState();
 }
 
 }  // namespace corvalin

@@ -1,5 +1,6 @@
 #include "screens/Screen.h"
 
+#include "screens/StateDigest.h"
 #include "shell/Failure.h"
 
 namespace corvalin {
@@ -20,13 +21,17 @@ bool CloseAsQuit(CloseReason reason) {
 
 void Screen::Show() {
   visible_ = true;
-  if (ViewShown) ViewShown(*this);
+  if (view_ != nullptr) {
+    // The view draws all of it now; changes count from here.
+    ForgetChanges();
+    view_->Shown();
+  }
   Form_Activate();
 }
 
 void Screen::Hide() {
   visible_ = false;
-  if (ViewHidden) ViewHidden(*this);
+  if (view_ != nullptr) view_->Hidden();
 }
 
 void Screen::HandOverTo(Screen& next) {
@@ -34,6 +39,30 @@ void Screen::HandOverTo(Screen& next) {
   next.Top = Top;
   next.Show();
   Hide();
+}
+
+void Screen::Attach(ScreenView* view) {
+  view_ = view;
+  if (view_ != nullptr) ForgetChanges();
+}
+
+void Screen::DescribeControls(StateDigest& digest) const { digest << Caption << Left << Top << HelpContextID; }
+
+uint64_t Screen::ControlsDigest() const {
+  StateDigest digest;
+  DescribeControls(digest);
+  return digest.Value();
+}
+
+void Screen::ForgetChanges() { drawnControls_ = ControlsDigest(); }
+
+ScreenChanges Screen::TakeChanges() {
+  ScreenChanges changes;
+  const uint64_t controls = ControlsDigest();
+  changes.controls = controls != drawnControls_;
+  drawnControls_ = controls;
+  TakeGridChanges(changes);
+  return changes;
 }
 
 }  // namespace corvalin

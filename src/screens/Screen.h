@@ -1,14 +1,19 @@
 // What every screen controller shares: its name, its place, whether it is
-// shown, and the load and activation steps. A screen is loaded on first use
-// (Form_Load runs) and shown or hidden in turn; Show brings it to the front,
-// which runs its activation steps. A screen that is only loaded never gets
-// its activation, as in an unattended run.
+// shown, the load and activation steps, and the view that draws it. A screen
+// is loaded on first use (Form_Load runs) and shown or hidden in turn; Show
+// brings it to the front, which runs its activation steps. A screen that is
+// only loaded never gets its activation, as in an unattended run.
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <string>
 
+#include "screens/ScreenView.h"
+#include "shell/Toolkit.h"
+
 namespace corvalin {
+
+class StateDigest;
 
 // Why a window is asked to close: its control menu (the close box), the
 // program's own unload, or anything else (the system shutting down).
@@ -19,23 +24,29 @@ enum class CloseReason { ControlMenu, ProgramUnload, Other };
 // for any other reason the program ends.
 bool CloseAsQuit(CloseReason reason);
 
-class Screen {
+class Screen : public ModalWindow {
  public:
-  virtual ~Screen() = default;
+  Screen() = default;
+  ~Screen() override = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
 
   // The screen's own name ("frmTemplate").
-  virtual const char* Name() const = 0;
+  const char* Name() const override = 0;
   // The load routine: runs once per load, shown or not.
   virtual void Form_Load() {}
   // The activation: runs each time the screen comes to the front.
   virtual void Form_Activate() {}
+  // The unload: the screen lets go of what it holds (row sets, the database)
+  // at once; the object itself goes at the end of the event.
+  virtual void Form_Unload() {}
 
   void Show();
   void Hide();
   // The wizard's step to another screen: it opens where this one stands,
   // comes to the front, and this one goes.
   void HandOverTo(Screen& next);
-  bool Visible() const { return visible_; }
+  bool Visible() const override { return visible_; }
   // A modal dialog that its view (or a test's script) left open ends as
   // though its Cancel had been pressed.
   virtual void DismissAsCancelled() { Hide(); }
@@ -45,13 +56,30 @@ class Screen {
   std::string Caption;
   int HelpContextID = 0;
 
-  // Set by a view that draws this screen: called after Show and Hide, and
-  // after an event changed what is to be drawn.
-  std::function<void(Screen&)> ViewShown;
-  std::function<void(Screen&)> ViewHidden;
+  // --- the view ---
+  // A view attaches once, right after the screen is made; nullptr detaches.
+  void Attach(ScreenView* view);
+  ScreenView* View() const { return view_; }
+  // What changed since the view was last told: the parts of the screen's
+  // drawn state whose fingerprint differs, and what the screen's grid
+  // recorded. Each call starts a new count.
+  ScreenChanges TakeChanges();
+
+ protected:
+  // Feeds what the view draws of the screen's own controls; a screen adds
+  // its controls to the caption and place fed here.
+  virtual void DescribeControls(StateDigest& digest) const;
+  // A screen with a grid adds the grid's parts.
+  virtual void TakeGridChanges(ScreenChanges&) {}
+  // The view is to draw the screen afresh: what it sees now is the new base.
+  virtual void ForgetChanges();
 
  private:
+  uint64_t ControlsDigest() const;
+
   bool visible_ = false;
+  ScreenView* view_ = nullptr;
+  uint64_t drawnControls_ = 0;
 };
 
 }  // namespace corvalin

@@ -8,6 +8,7 @@
 
 #include "columns/ValidateTable.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmMain.h"
 #include "screens/frmTemplate.h"
@@ -20,7 +21,7 @@
 #include "shell/Text.h"
 #include "shell/Toolkit.h"
 #include "translation/RunTranslation.h"
-#include "worktable/PrepareDatabase.h"
+#include "screens/PrepareDatabase.h"
 
 namespace corvalin {
 
@@ -426,8 +427,8 @@ void frmColumns::cmdFinish_Click() {
     frmHeaders& headers = App().Headers();
     headers.Left = Left;
     headers.Top = Top;
-    if (ValidateTable(headers)) {
-      RunTranslation();
+    if (headers.Validate()) {
+      RunTranslation(headers.TranslationOf());
       HandOverTo(headers.ScreenAfterTranslation());
     } else {
       headers.Show();
@@ -449,5 +450,16 @@ bool frmColumns::Form_QueryUnload(CloseReason reason) {
 }
 
 ColumnFormat CurrentColumnFormat() { return App().Columns().Format(); }
+
+void frmColumns::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << lblInputFile << lblFileView << lblFileViewRuler << lblLineNumbers << optCharacterDelimited << optFixedWidth
+         << fraCharacterDelimiters << chkTab << chkComma << chkSemicolon << chkSpace << chkOther << txtOtherCharacter
+         << chkConsecutiveAsOne << lblTextQualifiers << cmbTextQualifiers;
+  for (const ColumnLine& line : lneColumnMarker) digest << line << line.X << line.Grey;
+  for (const ScrollBar* bar : {&VScroll1, &scrFileViewHorizontal}) digest << *bar << bar->Min << bar->Max << bar->Value;
+  digest << fraScrollerLeft << cmdNext << cmdBack << cmdFinish << cmdQuit << cmdHelp << PreviewFirstLine
+         << SelectedMarker << LastMarker;
+}
 
 }  // namespace corvalin

@@ -22,6 +22,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 struct ScrollBar : Control {
   int Min = 1;
   int Max = 1;
@@ -128,6 +130,9 @@ class frmColumns : public Screen {
   // The close box: asks the quit question and keeps the window. Returns
   // whether the close is cancelled.
   bool Form_QueryUnload(CloseReason reason);
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 
  private:
   void ReadFormat();

@@ -2,6 +2,7 @@
 
 #include "columns/DamageSeverity.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmHeaders.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
@@ -76,14 +77,21 @@ void frmDamageSeverity::cmdOk_Click() {
     rows.SetValue("c" + std::to_string(headers.ButtonColumn), CellText());
     rows.Update();
     headers.RefreshGrid();
-    Closed = true;
     Hide();
+    App().UnloadDamageSeverity();
   });
 }
 
 void frmDamageSeverity::cmdCancel_Click() {
-  Closed = true;
-  Hide();
+  RunEvent([&] {
+    Hide();
+    App().UnloadDamageSeverity();
+  });
+}
+
+void frmDamageSeverity::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << cmbDamage << cmbSeverity << cmdOk << cmdCancel << cmdHelp;
 }
 
 }  // namespace corvalin

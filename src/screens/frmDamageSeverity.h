@@ -12,10 +12,13 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 class frmDamageSeverity : public Screen {
  public:
   const char* Name() const override { return "frmDamageSeverity"; }
   void Form_Load() override;
+  void DismissAsCancelled() override { cmdCancel_Click(); }
 
   ListControl cmbDamage;
   ListControl cmbSeverity;
@@ -35,11 +38,12 @@ class frmDamageSeverity : public Screen {
   void cmbSeverity_GotFocus();
   // The text OK puts in the cell.
   std::string CellText() const;
+  // Both end the dialog: it is unloaded.
   void cmdOk_Click();
   void cmdCancel_Click();
 
-  // True once OK or Cancel ended the dialog.
-  bool Closed = false;
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 };
 
 }  // namespace corvalin

@@ -14,6 +14,7 @@
 #include "screens/frmSlf.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
+#include "screens/StateDigest.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/ProfileFile.h"
@@ -106,7 +107,8 @@ frmHeaders::~frmHeaders() = default;
 
 void frmHeaders::RefreshGrid() {
   ++RefreshCount;
-  if (GridChanged) GridChanged();
+  repaintAll_ = true;
+  PrepareColourRules();
 }
 
 // ---------------------------------------------------------------- load
@@ -151,11 +153,22 @@ void frmHeaders::Form_Activate() {
     }
     ColumnVisible[kExcludedColumn] = false;
     Run().ResumeGridAfterDialog = false;
+    PrepareColourRules();
   });
+}
+
+void frmHeaders::Form_Unload() {
+  // The rows and the database go now: a reload that follows replaces the
+  // working database's file, and a new grid binds rows of its own.
+  if (TftRecords() && Adodc1.Recordset && TftRecords()->SharesRowsWith(*Adodc1.Recordset)) TftRecords().reset();
+  Adodc1.Recordset.reset();
+  CloseDatabase();
 }
 
 void frmHeaders::BindRecords(std::shared_ptr<Recordset> records) {
   Adodc1.Recordset = std::move(records);
+  ++bindings_;
+  colourFieldsOf_ = nullptr;
   // A new binding has no selection and starts at the top.
   SelStartCol = -1;
   SelEndCol = -1;
@@ -358,41 +371,89 @@ void frmHeaders::SelectGridRow(Recordset::Bookmark bookmark) {
   UI().DoEvents();
 }
 
+// The rules a column's cells are coloured by, by the type on its heading.
+enum class frmHeaders::CellRule : uint8_t {
+  None,
+  TreeHistory,
+  Species,
+  CrownRatio,
+  DamageSeverity,
+  TreeValue,
+  Prescription,
+  HabitatType,
+  TopoPosition,
+  SitePreparation,
+  Decimal,
+};
+
+void frmHeaders::PrepareColourRules() {
+  for (int column = 1; column <= kHeadingColumns; ++column) {
+    const std::string type = HeadingType(ColumnCaption[static_cast<std::size_t>(column)]);
+    CellRule rule = CellRule::None;
+    if (type == "Tree History") {
+      rule = CellRule::TreeHistory;
+    } else if (type == "Species") {
+      rule = CellRule::Species;
+    } else if (type == "Crown Ratio") {
+      rule = CellRule::CrownRatio;
+    } else if (type == "Damage/Severity - 1" || type == "Damage/Severity - 2" || type == "Damage/Severity - 3") {
+      rule = CellRule::DamageSeverity;
+    } else if (type == "Tree Value Class") {
+      rule = CellRule::TreeValue;
+    } else if (type == "Cut/Leave Prescription") {
+      rule = CellRule::Prescription;
+    } else if (type == "Plot US Habitat Type") {
+      rule = CellRule::HabitatType;
+    } else if (type == "Plot Topographical Position") {
+      // No column type is spelt so: the grid never marks a topographic cell,
+      // while the validation does refuse a bad one.
+      rule = CellRule::TopoPosition;
+    } else if (type == "Plot Site Preparation") {
+      rule = CellRule::SitePreparation;
+    } else if (type == "DBH" || type == "Tree Count" || type == "Periodic DBH Inc." || type == "Total Height" ||
+               type == "Height to Topkill" || type == "Periodic Height Inc.") {
+      rule = CellRule::Decimal;
+    }
+    colourRules_[static_cast<std::size_t>(column)] = rule;
+  }
+}
+
 int frmHeaders::CellColour(int column, Recordset::Bookmark bookmark) const {
   if (column < 1 || column > kHeadingColumns || !ColumnFetchStyle[static_cast<std::size_t>(column)])
     return kCellColourNone;
   if (!Adodc1.Recordset) return kCellColourNone;
-  auto row = Adodc1.Recordset->Clone();
-  row->SetBookmark(bookmark);
-  if (row->TextOrEmpty("Excluded") == "Y") return kCellColourExcluded;
+  const Recordset& rows = *Adodc1.Recordset;
+  if (colourFieldsOf_ != &rows) {
+    // The fields are found once per bound row set, not per cell.
+    colourExcludedField_ = rows.RequireField("Excluded");
+    for (int c = 1; c <= kHeadingColumns; ++c) colourCellField_[static_cast<std::size_t>(c)] = rows.FieldIndex(Field(c));
+    colourFieldsOf_ = &rows;
+  }
+  const auto excluded = rows.CellAt(bookmark, colourExcludedField_);
+  if (excluded && *excluded == "Y") return kCellColourExcluded;
   if (!chkAutoValidate.Checked()) return kCellColourNone;
-  const std::string type = HeadingType(ColumnCaption[static_cast<std::size_t>(column)]);
-  const std::string text = row->TextOrEmpty(Field(column));
+  const CellRule rule = colourRules_[static_cast<std::size_t>(column)];
+  if (rule == CellRule::None) return kCellColourNone;
+  const int field = colourCellField_[static_cast<std::size_t>(column)];
+  const std::string_view text =
+      rows.CellAt(bookmark, field >= 0 ? field : rows.RequireField(Field(column))).value_or(std::string_view());
   bool valid = true;
-  if (type == "Tree History") {
-    valid = IsValidTreeHistory(text);
-  } else if (type == "Species") {
-    std::string copy = text;
-    valid = IsValidSpecies(copy, cmbVariant.Text);
-  } else if (type == "Crown Ratio") {
-    valid = IsValidCrownRatio(text);
-  } else if (type == "Damage/Severity - 1" || type == "Damage/Severity - 2" || type == "Damage/Severity - 3") {
-    valid = IsValidDamageSeverityPair(text);
-  } else if (type == "Tree Value Class") {
-    valid = IsValidTreeValue(text);
-  } else if (type == "Cut/Leave Prescription") {
-    valid = IsValidPrescription(text);
-  } else if (type == "Plot US Habitat Type") {
-    valid = IsValidHabitatType(text);
-  } else if (type == "Plot Topographical Position") {
-    // No column type is spelt so: the grid never marks a topographic cell,
-    // while the validation does refuse a bad one.
-    valid = IsValidTopoPosition(text);
-  } else if (type == "Plot Site Preparation") {
-    valid = IsValidSitePreparation(text);
-  } else if (type == "DBH" || type == "Tree Count" || type == "Periodic DBH Inc." || type == "Total Height" ||
-             type == "Height to Topkill" || type == "Periodic Height Inc.") {
-    valid = IsDecimalText(text);
+  switch (rule) {
+    case CellRule::None: break;
+    case CellRule::TreeHistory: valid = IsValidTreeHistory(text); break;
+    case CellRule::Species: {
+      std::string copy(text);
+      valid = IsValidSpecies(copy, cmbVariant.Text);
+      break;
+    }
+    case CellRule::CrownRatio: valid = IsValidCrownRatio(text); break;
+    case CellRule::DamageSeverity: valid = IsValidDamageSeverityPair(text); break;
+    case CellRule::TreeValue: valid = IsValidTreeValue(text); break;
+    case CellRule::Prescription: valid = IsValidPrescription(text); break;
+    case CellRule::HabitatType: valid = IsValidHabitatType(text); break;
+    case CellRule::TopoPosition: valid = IsValidTopoPosition(text); break;
+    case CellRule::SitePreparation: valid = IsValidSitePreparation(text); break;
+    case CellRule::Decimal: valid = IsDecimalText(text); break;
   }
   return valid ? kCellColourNone : kCellColourInvalid;
 }
@@ -440,6 +501,7 @@ void frmHeaders::cmbHeaderChoices_Click() {
     }
     ColumnCaption.at(column) = MakeHeading(type, units);
     SetColumnButton(CurrentColumn);
+    PrepareColourRules();
   });
 }
 
@@ -513,7 +575,7 @@ void frmHeaders::cmdValidate_Click() {
   RunEvent([&] {
     if (!GridHasRows(*this, "No data to validate.")) return;
     UI().SetBusyPointer(true);
-    const bool valid = ValidateTable(*this);
+    const bool valid = Validate();
     UI().SetBusyPointer(false);
     if (valid) ShowMessage("Data validated - ready for translation.");
   });
@@ -523,7 +585,7 @@ void frmHeaders::cmdFinish_Click() {
   RunEvent([&] {
     if (!GridHasRows(*this, "No data to translate.")) return;
     UI().SetBusyPointer(true);
-    if (ValidateTable(*this)) RunTranslation();
+    if (Validate()) RunTranslation(TranslationOf());
     UI().SetBusyPointer(false);
   });
 }
@@ -533,7 +595,7 @@ void frmHeaders::cmdNext_Click() {
     if (!GridHasRows(*this, "No data to translate.")) return;
     UI().SetBusyPointer(true);
     // Once translated with nothing touched since, Next leaves at once.
-    const bool ready = Run().TranslationDone || (ValidateTable(*this) && RunTranslation());
+    const bool ready = Run().TranslationDone || (Validate() && RunTranslation(TranslationOf()));
     if (ready) HandOverTo(ScreenAfterTranslation());
     UI().SetBusyPointer(false);
   });
@@ -574,7 +636,7 @@ void frmHeaders::mnuExcludeRows_Click() {
     command.StartLine = first;
     command.EndLine = last;
     command.ColumnNumber = CurrentColumn;
-    ApplyExcludeRange(k);
+    ApplyExcludeRange(k, Adodc1.Recordset);
     RefreshGrid();
   });
 }
@@ -626,12 +688,14 @@ void frmHeaders::mnuIncludeRows_Click() {
 
 void frmHeaders::SaveTemplate() {
   frmTemplate& setup = App().Template();
-  frmTemplateName dialog;
-  dialog.Form_Load();
+  frmTemplateName& dialog = App().TemplateName();
   dialog.cmbTemplateName.Text = Run().UseTemplate ? setup.cmbTemplate.Text : std::string();
-  if (ShowTemplateNameDialog) ShowTemplateNameDialog(dialog);
+  App().ShowModal(dialog);
+  // The name is read before the dialog goes.
+  const std::string name = dialog.cmbTemplateName.Text;
+  App().UnloadTemplateName();
   if (!Run().TemplateSaved) return;
-  const std::string path = TemplatePathOf(dialog.cmbTemplateName.Text);
+  const std::string path = TemplatePathOf(name);
 
   frmColumns& format = App().Columns();
   ColumnDelimiterKeys keys;
@@ -657,7 +721,7 @@ void frmHeaders::SaveTemplate() {
 
   // The new name is selected on the first screen without unloading this one.
   Run().RefreshingTemplateList = true;
-  setup.RefreshTemplateList(dialog.cmbTemplateName.Text);
+  setup.RefreshTemplateList(name);
   Run().RefreshingTemplateList = false;
 }
 
@@ -666,10 +730,113 @@ void frmHeaders::cmdSaveTemplate_Click() {
 }
 
 void frmHeaders::OpenDamageSeverityDialog(const std::string& cellText) {
-  frmDamageSeverity dialog;
-  dialog.Form_Load();
+  frmDamageSeverity& dialog = App().DamageSeverity();
   dialog.Preload(cellText);
-  if (ShowDamageSeverityDialog) ShowDamageSeverityDialog(dialog);
+  App().ShowModal(dialog);
+}
+
+// ---------------------------------------------------------------- validation
+
+bool frmHeaders::Validate() {
+  const ValidationResult result =
+      ValidateTable({ColumnCaption, cmbVariant.Text, optMetric.Value, Adodc1.Recordset});
+  // The cell first, so that the person sees what the message is about.
+  if (result.column >= 0) SelectGridColumn(result.column);
+  if (result.row >= 0) SelectGridRow(result.row);
+  if (!result.fault.empty()) ShowMessage(result.fault);
+  UI().DoEvents();
+  return result.valid;
+}
+
+TranslationRequest frmHeaders::TranslationOf() const {
+  TranslationRequest request;
+  request.outputPath = App().Template().lblOutputFile.Caption;
+  request.variant = cmbVariant.Text;
+  request.identified = IdentifiedColumns(ColumnCaption, Run().ColumnCount);
+  return request;
+}
+
+// ---------------------------------------------------------------- the view
+
+void frmHeaders::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << lblInputFile << chkShowExcludedRows << chkShowAllColumns << chkAutoValidate << cmbHeaderChoices
+         << cmbUnitChoices << cmbVariant << optMetric << optImperial << cmdSaveTemplate << cmdEditTemplateCommands
+         << cmdValidate << cmdFinish << cmdNext << cmdBack << cmdQuit << cmdHelp << lstSpecies << lstTreeHistory
+         << lstCrownRatio << lstTreeValueClass << lstCutLeavePrescription << lstPlotHabitat
+         << lstPlotTopographicalPosition << lstPlotSitePreparation << CurrentColumn << ButtonColumn;
+}
+
+uint64_t frmHeaders::HeadingsDigest() const {
+  StateDigest digest;
+  for (std::size_t i = 0; i < ColumnCaption.size(); ++i)
+    digest << ColumnCaption[i] << ColumnVisible[i] << ColumnButton[i];
+  return digest.Value();
+}
+
+uint64_t frmHeaders::SelectionDigest() const {
+  StateDigest digest;
+  digest << SelStartCol << SelEndCol << static_cast<long long>(SelBookmarks.size());
+  for (const Recordset::Bookmark bookmark : SelBookmarks) digest << bookmark;
+  return digest.Value();
+}
+
+uint64_t frmHeaders::CurrentDigest() const {
+  StateDigest digest;
+  digest << Row << LeftCol << VisibleColumnCount;
+  const Recordset* rows = Adodc1.Recordset.get();
+  digest << (rows != nullptr && !rows->IsEOF() && !rows->IsBOF() ? rows->GetBookmark() : -1L);
+  return digest.Value();
+}
+
+uint64_t frmHeaders::ColoursDigest() const {
+  // What the colour of a cell depends on besides its row: the rules of the
+  // headings, the options, the variant and the crown ratio's units.
+  StateDigest digest;
+  for (bool on : ColumnFetchStyle) digest << on;
+  digest << chkAutoValidate.Value << cmbVariant.Text << Run().UnitsCrownRatio;
+  for (std::size_t i = 1; i < colourRules_.size(); ++i) digest << static_cast<int>(colourRules_[i]);
+  return digest.Value();
+}
+
+void frmHeaders::ForgetChanges() {
+  Screen::ForgetChanges();
+  PrepareColourRules();
+  drawn_.bindings = bindings_;
+  drawn_.headings = HeadingsDigest();
+  drawn_.selection = SelectionDigest();
+  drawn_.current = CurrentDigest();
+  drawn_.colours = ColoursDigest();
+  repaintAll_ = false;
+  if (Adodc1.Recordset) Adodc1.Recordset->TakeRowChanges();
+}
+
+void frmHeaders::TakeGridChanges(ScreenChanges& changes) {
+  PrepareColourRules();
+  const uint64_t headings = HeadingsDigest();
+  const uint64_t selection = SelectionDigest();
+  const uint64_t current = CurrentDigest();
+  const uint64_t colours = ColoursDigest();
+  changes.headings = headings != drawn_.headings;
+  changes.selection = selection != drawn_.selection;
+  changes.current = current != drawn_.current;
+  const bool recoloured = repaintAll_ || colours != drawn_.colours;
+  if (bindings_ != drawn_.bindings) {
+    // A new row set: the view starts over, and what the old rows recorded
+    // does not matter.
+    changes.rowsReset = true;
+    if (Adodc1.Recordset) Adodc1.Recordset->TakeRowChanges();
+  } else if (Adodc1.Recordset) {
+    const Recordset::RowChanges rows = Adodc1.Recordset->TakeRowChanges();
+    changes.cells.Include(rows.firstChanged, rows.lastChanged);
+    changes.insertedRows.Include(rows.firstAdded, rows.lastAdded);
+    if (recoloured && Adodc1.Recordset->RecordCount() > 0) {
+      const long drawnRows = rows.firstAdded >= 0 ? rows.firstAdded : Adodc1.Recordset->RecordCount();
+      changes.cells.Include(0, drawnRows - 1);
+    }
+  }
+  drawn_ = {bindings_, headings, selection, current, colours};
+  repaintAll_ = false;
 }
 
 }  // namespace corvalin

@@ -15,12 +15,14 @@
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
+#include "translation/RunTranslation.h"
 #include "worktable/Recordset.h"
 
 namespace corvalin {
 
 class frmTemplateName;
 class frmDamageSeverity;
+class StateDigest;
 
 // The data source that binds a row set to the grid.
 struct DataControl {
@@ -44,6 +46,8 @@ class frmHeaders : public Screen {
 
   void Form_Load() override;
   void Form_Activate() override;
+  // Lets go of the grid's rows and the working database.
+  void Form_Unload() override;
 
   // --- the grid, TDBGrid1 ---
   // Grid column 0 is LineNum, 1..30 are c1..c30, 31 is Excluded.
@@ -64,9 +68,9 @@ class frmHeaders : public Screen {
   std::vector<Recordset::Bookmark> SelBookmarks;
   // The current row, counted from the first row shown.
   int Row = 0;
-  // How often the grid was asked to repaint (a view listens to GridChanged).
+  // How often the grid was asked to repaint.
   int RefreshCount = 0;
-  std::function<void()> GridChanged;
+  // Repaints every cell, asking the colour rule again.
   void RefreshGrid();
 
   DataControl Adodc1;
@@ -122,8 +126,10 @@ class frmHeaders : public Screen {
   void SelectGridColumn(int column);
   void SelectGridRow(Recordset::Bookmark bookmark);
   // The colour of a cell about to be painted: none, yellow for an excluded
-  // row, red for a value its column's rule refuses.
+  // row, red for a value its column's rule refuses. The rule of each column
+  // is worked out once per repaint (PrepareColourRules), not per cell.
   int CellColour(int column, Recordset::Bookmark bookmark) const;
+  void PrepareColourRules();
   // The lowest and highest LineNum of the selected rows.
   struct LineSpan {
     int16_t first = 0;
@@ -152,23 +158,53 @@ class frmHeaders : public Screen {
   void mnuExcludeRows_Click();
   void mnuIncludeRows_Click();
 
-  // The save step of a template, also run by the command editor.
+  // The save step of a template, also run by the command editor. The name
+  // is asked in frmTemplateName, shown modally.
   void SaveTemplate();
 
-  // Shows frmTemplateName modally: a view runs the dialog until the person
-  // presses OK or Cancel; a test sets its text and presses a button. With no
-  // one to ask (nothing set) the dialog ends as cancelled.
-  std::function<void(frmTemplateName&)> ShowTemplateNameDialog;
-  // Shows frmDamageSeverity modally, likewise.
-  std::function<void(frmDamageSeverity&)> ShowDamageSeverityDialog;
+  // Validation of the grid as it stands, before a translation: the cell it
+  // stops at is selected, then its message is shown. True when all passed.
+  bool Validate();
+  // What the translation takes from this screen: the output file, the
+  // variant shown and the identified columns.
+  TranslationRequest TranslationOf() const;
   // Where the wizard goes after a translation: the stand list editor when
   // stand list files are edited too, else the first screen.
   Screen& ScreenAfterTranslation();
   // Opens the damage/severity dialog over the current row's cell of
-  // ButtonColumn, preloaded from the cell's text.
+  // ButtonColumn, preloaded from the cell's text, modally.
   void OpenDamageSeverityDialog(const std::string& cellText);
 
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
+  void TakeGridChanges(ScreenChanges& changes) override;
+  void ForgetChanges() override;
+
  private:
+  // What the grid's view last drew of each part.
+  struct GridDrawn {
+    uint64_t bindings = 0;
+    uint64_t headings = 0;
+    uint64_t selection = 0;
+    uint64_t current = 0;
+    uint64_t colours = 0;
+  };
+  uint64_t HeadingsDigest() const;
+  uint64_t SelectionDigest() const;
+  uint64_t CurrentDigest() const;
+  uint64_t ColoursDigest() const;
+  GridDrawn drawn_;
+  // Counts the row sets bound to the grid.
+  uint64_t bindings_ = 0;
+  bool repaintAll_ = false;
+  // The cell rule of each column, for the colours.
+  enum class CellRule : uint8_t;
+  std::array<CellRule, 31> colourRules_{};
+  // The fields of the bound rows that the colours read.
+  mutable const Recordset* colourFieldsOf_ = nullptr;
+  mutable int colourExcludedField_ = -1;
+  mutable std::array<int, 31> colourCellField_{};
+
   std::string ReadFormatInfo(const std::string& key, const std::string& def) const;
   void SetCheck(CheckBox& box, int value, void (frmHeaders::*click)());
   void SetMeasurementSystem(bool metric);

@@ -1,6 +1,7 @@
 #include "screens/frmLocation.h"
 
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmLocationRecord.h"
 #include "screens/frmSlf.h"
 #include "screens/frmTemplate.h"
@@ -148,6 +149,12 @@ void WriteLocationFile() {
   } catch (const std::exception& error) {
     ReportNamedFailure(WritingLocationFileFailed, AsRuntimeError(error));
   }
+}
+
+void frmLocation::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << lstLocation << cmdInsertA << cmdUp << cmdDown << cmdEdit << cmdDelete << cmdSave << cmdDone << cmdBack << cmdQuit
+         << cmdHelp;
 }
 
 }  // namespace corvalin

@@ -11,6 +11,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 inline constexpr const char* LocationCaptionSuffix = " - Edit Location File";
 inline constexpr const char* NewLocationPlaceholder = " *** new record A *** ";
 
@@ -46,6 +48,9 @@ class frmLocation : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 };
 
 // Writes every line of lstLocation to the file named by lblLocationsFile on

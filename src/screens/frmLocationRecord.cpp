@@ -2,6 +2,7 @@
 
 #include "location/LocationFile.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/FileDialogChoice.h"
 #include "screens/frmLocation.h"
 #include "screens/frmMain.h"
@@ -89,6 +90,12 @@ void EditLocationRecord(const std::string& line) {
   dialog.txtLocationName.Text = record.name;
   dialog.lblSlf.SetCaption(record.standListFile);
   App().ShowModal(dialog);
+}
+
+void frmLocationRecord::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << tabLocationRecords << lblLocationName1 << txtLocationName << lblSlf1 << lblSlf << cmdSelectSlf << cmdOk
+         << cmdCancel << cmdHelp;
 }
 
 }  // namespace corvalin

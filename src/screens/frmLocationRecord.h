@@ -11,6 +11,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 inline constexpr const char* LocationRecordCaptionSuffix = " - Edit Location Record";
 inline constexpr const char* StandListDialogTitle = " - Select Stand List File";
 inline constexpr const char* StandListDialogFilter = "Stand Level Files (*.slf) | *.slf |All Files (*.*) | *.*";
@@ -36,6 +38,9 @@ class frmLocationRecord : public Screen {
   void cmdSelectSlf_Click();
   void cmdOk_Click();
   void cmdCancel_Click();
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 };
 
 // Fills frmLocationRecord from a location line and opens it modally; a line

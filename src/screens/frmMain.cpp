@@ -8,6 +8,7 @@
 #include "screens/Application.h"
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
+#include "shell/EventScope.h"
 #include "shell/Failure.h"
 #include "shell/Folders.h"
 #include "shell/Help.h"
@@ -30,6 +31,9 @@ std::string CannotLocateFilesText() {
 frmMain::frmMain() { Caption = "Main Form - not visible"; }
 
 void frmMain::Form_Load() {
+  // The start sequence is the program's first event: the screens it shows
+  // are drawn, and those it unloads go, when it ends.
+  EventScope scope;
   try {
     StartSequence();
   } catch (const std::exception& error) {

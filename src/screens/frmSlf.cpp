@@ -2,6 +2,7 @@
 
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmLocation.h"
 #include "screens/frmSlfRecord.h"
@@ -225,6 +226,12 @@ void WriteStandListFile() {
   } catch (const std::exception& error) {
     ReportNamedFailure(WritingSlfFileFailed, AsRuntimeError(error));
   }
+}
+
+void frmSlf::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << lstSlf << cmbVariant << cmdInsertA << cmdInsertB << cmdInsertC << cmdInsertD << cmdUp << cmdDown << cmdEdit
+         << cmdDelete << cmdValidate << cmdSave << cmbNext << cmdBack << cmdQuit << cmdHelp;
 }
 
 }  // namespace corvalin

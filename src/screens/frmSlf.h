@@ -13,6 +13,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 inline constexpr const char* SlfCaptionSuffix = " - Edit Stand List File";
 // The rows that stand in the list while a new record's dialog is open.
 inline constexpr const char* NewRecordAPlaceholder = " *** new record A *** ";
@@ -62,6 +64,9 @@ class frmSlf : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 
  private:
   void ChooseVariant();

@@ -7,6 +7,7 @@
 #include "columns/CellRules.h"
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmSlf.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
@@ -398,6 +399,35 @@ void frmSlfRecord::Combo_LostFocus(ListControl& combo) {
     combo.Left = widening.reference->Left;
     combo.Width = widening.reference->Width;
   });
+}
+
+void frmSlfRecord::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << tabSlfRecords << cmdOk << cmdCancel << cmdHelp;
+  // Tab 0, record A.
+  digest << lblStandIdentificationCode1 << cmbStandIdentificationCode1 << lblTreeDataSet1 << lblTreeDataSet
+         << cmdSelect << cmdBareGround << chkAk << chkBc << chkBh << chkBm << chkCi << chkEc << chkEm << chkNc << chkNi
+         << chkSo << chkSw << chkTt << chkUt << chkWs << chkKt << optPlotBasedSiteDataYes << optNo
+         << fraApplicableVariants << fraPlotBasedSiteData;
+  // Tab 1, record B.
+  digest << cmbStandIdentificationCode2 << txtInventoryYear << txtLatitude << txtLongitude << cmbLocation
+         << cmbHabitatType << txtStandOrigin << txtAspect << txtSlope << txtElevation << txtBasalAreaFactor
+         << txtInverseOfFixedPlotSize << txtBreakpointDbh << txtNumberOfPlots << txtNumberOfStockablePlots
+         << txtStandSamplingWeight << txtStockablePercent << cmbDiameterGrowthTranslationCode
+         << txtDiameterGrowthMeasurePeriod << cmbHeightGrowthTranslationCode << txtHeightGrowthMeasurementPeriod
+         << txtMortalityMeasurementPeriod << txtMaximumBasalArea << txtMaximumStandDensityIndex << cmbSiteSpecies
+         << txtSiteIndex;
+  digest << lblStandIdentificationCode2 << lblInventoryYear << lblLatitude << lblLongitude << lblLocation
+         << lblHabitatType << lblStandOrigin << lblAspect << lblSlope << lblInverseOfFixedPlotSize << lblNumberOfPlots
+         << lblNumberOfStockablePlots << lblStandSamplingWeight << lblStockablePercent
+         << lblDiameterGrowthTranslationCode << lblDiameterGrowthMeasurePeriod << lblHeightGrowthTranslationCode
+         << lblHeightGrowthMeasurementPeriod << lblMortalityMeasurementPeriod << lblSiteSpecies << lblElevation
+         << lblBasalAreaFactor << lblBreakpointDbh << lblMaximumBasalArea << lblMaximumStandDensityIndex
+         << lblSiteIndex;
+  // Tabs 2 and 3, records C and D.
+  digest << lblStandIdentificationCode3 << cmbStandIdentificationCode3 << lblGroupCodes << txtGroupCodes
+         << lblStandIdentificationCode4 << cmbStandIdentificationCode4 << lblDataSetNames << lstDataSetNames << cmdAdd
+         << cmdSelectDataSetFile << cmdDelete;
 }
 
 }  // namespace corvalin

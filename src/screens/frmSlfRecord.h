@@ -15,6 +15,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 inline constexpr const char* SlfRecordCaptionSuffix = " - Edit Stand List File Record";
 inline constexpr const char* TreeDataSetDialogTitle = " - Select Tree Data Set";
 inline constexpr const char* TreeDataSetDialogFilter = "Tree List (*.tre) | *.tre |All Files (*.*) | *.*";
@@ -147,6 +149,9 @@ class frmSlfRecord : public Screen {
   ListControl* CodeCombo(int tab);
   // The variant boxes in the order of the variants (and of the tags).
   std::array<CheckBox*, kVariantCount> VariantBoxes();
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 };
 
 // Fills cmbSiteSpecies by the variant on frmHeaders (cleared first) and adds

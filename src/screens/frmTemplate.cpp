@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/frmMain.h"
 #include "shell/AppUtil.h"
 #include "shell/Error.h"
@@ -397,6 +398,15 @@ void frmTemplate::cmdQuit_Click() {
 
 void frmTemplate::CloseRequested() {
   RunEvent([] { ConfirmQuit(); });
+}
+
+void frmTemplate::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << chkTranslateFile << fraTranslateFile << chkNoInput << cmdChangeInput << cmdChangeOutput << lblInputFile1
+         << lblOutputFile1 << lblInputFile << lblOutputFile << lblTemplateFile1 << cmbTemplate << cmdDeleteTemplate
+         << cmdNextTrans << cmdFinish << Label2 << chkEditStandListFile << fraEditStandListFile << cmdSelectSlf
+         << cmdSelectLocations << lblStandListFile1 << lblLocationFile1 << lblSlfFile << lblLocationsFile << Label1
+         << lblWorkingDirectory << cmdNext << Label3 << cmdConfigure << cmdHelp << cmdQuit;
 }
 
 }  // namespace corvalin

@@ -12,6 +12,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 class frmTemplate : public Screen {
  public:
   frmTemplate();
@@ -77,6 +79,9 @@ class frmTemplate : public Screen {
   Button cmdConfigure;
   Button cmdHelp;
   Button cmdQuit;
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 
  private:
   void ReadCommandLine();

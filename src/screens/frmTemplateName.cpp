@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "screens/StateDigest.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
@@ -101,6 +102,11 @@ void frmTemplateName::Form_QueryUnload(int unloadMode) {
   if (unloadMode == 1) return;
   Run().TemplateSaved = false;
   Hide();
+}
+
+void frmTemplateName::DescribeControls(StateDigest& digest) const {
+  Screen::DescribeControls(digest);
+  digest << cmbTemplateName << Label1 << cmdOk << cmdCancel << cmdHelp;
 }
 
 }  // namespace corvalin

@@ -10,6 +10,8 @@
 
 namespace corvalin {
 
+class StateDigest;
+
 // Names are short because templates travel with old file systems.
 inline constexpr std::size_t kMaxTemplateNameLength = 8;
 
@@ -32,6 +34,9 @@ class frmTemplateName : public Screen {
   void cmdCancel_Click();
   // The close box and other unloads: unload mode 1 is the program's own.
   void Form_QueryUnload(int unloadMode);
+
+ protected:
+  void DescribeControls(StateDigest& digest) const override;
 };
 
 }  // namespace corvalin

@@ -5,6 +5,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "shell/EventScope.h"
 #include "shell/RunState.h"
 #include "shell/Settings.h"
 #include "shell/Toolkit.h"
@@ -91,6 +92,7 @@ RuntimeError AsRuntimeError(const std::exception& error) {
 }
 
 void RunEvent(const std::function<void()>& routine) {
+  EventScope scope;
   try {
     routine();
   } catch (const std::exception& error) {

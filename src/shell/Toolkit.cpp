@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "shell/EventScope.h"
 #include "shell/UnattendedToolkit.h"
 
 namespace corvalin {
@@ -33,13 +34,66 @@ const char* AnswerName(Answer answer) {
   return "?";
 }
 
-Toolkit& UI() {
+Toolkit& UserInterface::Kit() {
   if (gToolkit == nullptr) {
     // Nobody chose one: behave as a run without a display would.
     static UnattendedToolkit fallback;
     gToolkit = &fallback;
   }
   return *gToolkit;
+}
+
+Answer UserInterface::Message(const MessageRequest& request) {
+  WaitOnPerson wait;
+  return Kit().Message(request);
+}
+
+std::string UserInterface::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
+  WaitOnPerson wait;
+  return Kit().BrowseForFolder(title, initialFolder);
+}
+
+std::string UserInterface::ShowFileDialog(const FileDialogRequest& request) {
+  WaitOnPerson wait;
+  return Kit().ShowFileDialog(request);
+}
+
+void UserInterface::SetBusyPointer(bool busy) { Kit().SetBusyPointer(busy); }
+
+void UserInterface::DoEvents() {
+  WaitOnPerson wait;
+  Kit().DoEvents();
+}
+
+void UserInterface::ShowBusyWindow(const std::string& title, const std::string& text) {
+  Kit().ShowBusyWindow(title, text);
+}
+
+void UserInterface::HideBusyWindow() { Kit().HideBusyWindow(); }
+void UserInterface::ShowBanner(const std::string& title, const std::string& text) { Kit().ShowBanner(title, text); }
+void UserInterface::HideBanner() { Kit().HideBanner(); }
+
+AppendChoice UserInterface::AskAppendOverwriteCancel(const std::string& text) {
+  WaitOnPerson wait;
+  return Kit().AskAppendOverwriteCancel(text);
+}
+
+void UserInterface::RunModal(ModalWindow& window) {
+  WaitOnPerson wait;
+  Kit().RunModal(window);
+}
+
+bool UserInterface::OpenHelp(const std::string& helpFile, const std::string& topic) {
+  return Kit().OpenHelp(helpFile, topic);
+}
+
+void UserInterface::Beep() { Kit().Beep(); }
+
+void UserInterface::EndProcess(int exitCode) { Kit().EndProcess(exitCode); }
+
+UserInterface& UI() {
+  static UserInterface door;
+  return door;
 }
 
 void SetToolkit(Toolkit* toolkit) { gToolkit = toolkit; }

@@ -40,6 +40,15 @@ struct FileDialogRequest {
 
 enum class AppendChoice { Append, Overwrite, Cancel, Closed };
 
+// What the Toolkit knows of a screen it runs modally: its name, and whether it
+// is still up. The modal loop runs until it is not.
+class ModalWindow {
+ public:
+  virtual ~ModalWindow() = default;
+  virtual const char* Name() const = 0;
+  virtual bool Visible() const = 0;
+};
+
 class Toolkit {
  public:
   virtual ~Toolkit() = default;
@@ -64,6 +73,10 @@ class Toolkit {
   virtual void HideBanner() = 0;
   // frmAppendOverwriteCancel, shown modally.
   virtual AppendChoice AskAppendOverwriteCancel(const std::string& text) = 0;
+  // Runs a modal loop over a screen that is already shown, until it hides
+  // itself (its OK or Cancel) or the person closes it. A Toolkit with nobody
+  // to answer returns at once, and the screen then ends as cancelled.
+  virtual void RunModal(ModalWindow& window) = 0;
 
   // Opens the help file at a topic (an anchor such as "context-7"), or at its
   // contents when the topic is empty. Returns whether it could be shown.
@@ -74,8 +87,34 @@ class Toolkit {
   [[noreturn]] virtual void EndProcess(int exitCode) = 0;
 };
 
-// The Toolkit in use, process-wide. Set once at start (and by each test).
-Toolkit& UI();
+// The door every routine uses to reach the person: the Toolkit in use, with
+// the views brought up to date before each wait on the person (a box, a
+// dialog, pending events), so that what the person sees is current, and the
+// events of the wait bringing them up to date as each ends.
+class UserInterface {
+ public:
+  Answer Message(const MessageRequest& request);
+  std::string BrowseForFolder(const std::string& title, const std::string& initialFolder);
+  std::string ShowFileDialog(const FileDialogRequest& request);
+  void SetBusyPointer(bool busy);
+  void DoEvents();
+  void ShowBusyWindow(const std::string& title, const std::string& text);
+  void HideBusyWindow();
+  void ShowBanner(const std::string& title, const std::string& text);
+  void HideBanner();
+  AppendChoice AskAppendOverwriteCancel(const std::string& text);
+  void RunModal(ModalWindow& window);
+  bool OpenHelp(const std::string& helpFile, const std::string& topic);
+  void Beep();
+  [[noreturn]] void EndProcess(int exitCode);
+
+  // The Toolkit behind the door.
+  Toolkit& Kit();
+};
+
+// The door, process-wide.
+UserInterface& UI();
+// The Toolkit in use. Set once at start (and by each test).
 void SetToolkit(Toolkit* toolkit);
 
 }  // namespace corvalin

@@ -19,6 +19,8 @@ class UnattendedToolkit : public Toolkit {
   void ShowBanner(const std::string&, const std::string&) override {}
   void HideBanner() override {}
   AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  // Nobody is there to answer: the dialog ends as cancelled.
+  void RunModal(ModalWindow&) override {}
   bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
   void Beep() override {}
   [[noreturn]] void EndProcess(int exitCode) override;

@@ -3,13 +3,11 @@
 #include <string>
 
 #include "columns/Vocabulary.h"
-#include "screens/Application.h"
-#include "screens/Controls.h"
-#include "shell/Failure.h"
-#include "screens/frmHeaders.h"
 #include "shell/Error.h"
+#include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
+#include "worktable/Recordset.h"
 
 namespace corvalin {
 
@@ -19,8 +17,7 @@ TemplateCommandState gCommands;
 
 // The row set behind the grid; a grid that was never bound has none, and the
 // first clone fails as an unset object does.
-std::shared_ptr<Recordset> CloneOfGridRecords() {
-  const std::shared_ptr<Recordset>& rows = App().Headers().Adodc1.Recordset;
+std::shared_ptr<Recordset> CloneOfGridRecords(const std::shared_ptr<Recordset>& rows) {
   if (!rows) Raise(err::ObjectNotSet);
   return rows->Clone();
 }
@@ -48,23 +45,15 @@ void ExcludeCurrentRow(Recordset& rows) {
   }
 }
 
-void RefreshGrid() {
-  if (App().HeadersLoaded()) App().Headers().RefreshGrid();
-}
-
-// A replacement redraws the grid itself; the exclusions leave the redraw to
-// whoever called them.
-enum class AfterWalk { KeepGrid, RedrawGrid };
-
 // What every command does around its rows: the busy pointer, a clone of the
 // grid's rows, the hit count from zero, each row from the first to the end.
 // A failure part way leaves the pointer busy and the rows done so far
 // changed; the caller reports it.
 template <typename EachRow>
-void WalkGridRows(int16_t index, AfterWalk after, EachRow eachRow) {
+void WalkGridRows(int16_t index, const std::shared_ptr<Recordset>& gridRows, EachRow eachRow) {
   BusyPointer busy;
   const TemplateCommand& command = TemplateCommandAt(index);
-  auto rows = CloneOfGridRecords();
+  auto rows = CloneOfGridRecords(gridRows);
   Commands().CommandHitCount = 0;
   const std::string field = FieldOf(command.ColumnNumber);
   rows->MoveFirst();
@@ -74,7 +63,6 @@ void WalkGridRows(int16_t index, AfterWalk after, EachRow eachRow) {
     eachRow(command, field, *rows);
     rows->MoveNext();
   }
-  if (after == AfterWalk::RedrawGrid) RefreshGrid();
   busy.Done();
 }
 
@@ -88,7 +76,7 @@ TemplateCommand& TemplateCommandAt(int16_t k) {
   return gCommands.TemplateCommands[static_cast<std::size_t>(k - 1)];
 }
 
-void ApplyReplaceAll(int16_t& index) {
+void ApplyReplaceAll(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
   const auto replaceCell = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // Whole cells only: "12" does not touch "123". A Null cell is no match.
     const auto value = rows.Value(field);
@@ -98,29 +86,29 @@ void ApplyReplaceAll(int16_t& index) {
       Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
     }
   };
-  WalkGridRows(index, AfterWalk::RedrawGrid, replaceCell);
+  WalkGridRows(index, gridRows, replaceCell);
 }
 
-void ApplyExcludeContaining(int16_t& index) {
+void ApplyExcludeContaining(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
   const auto excludeWholeCellMatch = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // Despite its name the command compares the whole cell, as templates
     // saved so far expect.
     const auto value = rows.Value(field);
     if (value && *value == command.DeleteString) ExcludeCurrentRow(rows);
   };
-  WalkGridRows(index, AfterWalk::KeepGrid, excludeWholeCellMatch);
+  WalkGridRows(index, gridRows, excludeWholeCellMatch);
 }
 
-void ApplyExcludeStartingWith(int16_t& index) {
+void ApplyExcludeStartingWith(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
   const auto excludeCellStart = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
     // A Null cell cannot be cut: the invalid use of Null (94) goes to the caller.
     const std::string value = rows.Text(field);
     if (value.compare(0, command.DeleteString.size(), command.DeleteString) == 0) ExcludeCurrentRow(rows);
   };
-  WalkGridRows(index, AfterWalk::KeepGrid, excludeCellStart);
+  WalkGridRows(index, gridRows, excludeCellStart);
 }
 
-void ApplyExcludeRange(int16_t& index) {
+void ApplyExcludeRange(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
   const auto excludeLineInRange = [](const TemplateCommand& command, const std::string&, Recordset& rows) {
     // LineNum is the input line, so a range stays right when rows are hidden.
     const auto line = rows.Value("LineNum");
@@ -129,22 +117,22 @@ void ApplyExcludeRange(int16_t& index) {
       if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(rows);
     }
   };
-  WalkGridRows(index, AfterWalk::KeepGrid, excludeLineInRange);
+  WalkGridRows(index, gridRows, excludeLineInRange);
 }
 
 std::string CommandLimitMessage() {
   return "Maximum of " + std::to_string(kMaxTemplateCommands) + " template commands.";
 }
 
-void BuildCommandList(ListControl& list) {
-  list.Clear();
+std::vector<std::string> BuildCommandList(const std::array<std::string, 32>& headings) {
+  std::vector<std::string> lines;
   std::string line;
   for (int16_t k = 1; k <= Commands().EditedCommandCount; k = Inc16(k)) {
     if (k > kMaxTemplateCommands) Raise(err::SubscriptOutOfRange);
     const TemplateCommand& c = Commands().EditedCommands[static_cast<std::size_t>(k - 1)];
     const std::string n = std::to_string(c.ColumnNumber);
     const auto header = [&] {
-      return HeadingType(App().Headers().ColumnCaption.at(static_cast<std::size_t>(c.ColumnNumber)));
+      return HeadingType(headings.at(static_cast<std::size_t>(c.ColumnNumber)));
     };
     const std::string prefix = std::to_string(k) + "/  ";
     if (c.CommandType == "REPLACE_ALL") {
@@ -161,22 +149,23 @@ void BuildCommandList(ListControl& list) {
       // The line of the previous command is repeated (empty for the first).
       ShowMessage("error:  unknown template command type");
     }
-    list.AddItem(line);
+    lines.push_back(line);
   }
+  return lines;
 }
 
-void ReplayTemplateCommands() {
+void ReplayTemplateCommands(const std::shared_ptr<Recordset>& gridRows) {
   for (int16_t k = 1; k <= Commands().CommandCount; k = Inc16(k)) {
     const std::string& type = TemplateCommandAt(k).CommandType;
     int16_t index = k;
     if (type == "REPLACE_ALL") {
-      ApplyReplaceAll(index);
+      ApplyReplaceAll(index, gridRows);
     } else if (type == "EXCLUDE_CONTAINING") {
-      ApplyExcludeContaining(index);
+      ApplyExcludeContaining(index, gridRows);
     } else if (type == "EXCLUDE_STARTING_WITH") {
-      ApplyExcludeStartingWith(index);
+      ApplyExcludeStartingWith(index, gridRows);
     } else if (type == "EXCLUDE_RANGE") {
-      ApplyExcludeRange(index);
+      ApplyExcludeRange(index, gridRows);
     }
   }
 }

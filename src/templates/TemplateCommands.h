@@ -4,11 +4,13 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace corvalin {
 
-struct ListControl;
+class Recordset;
 
 inline constexpr int16_t kMaxTemplateCommands = 100;
 
@@ -37,21 +39,25 @@ void ResetCommands();
 // Command k (1..100); outside that range the subscript error (9).
 TemplateCommand& TemplateCommandAt(int16_t k);
 
-// The four routines, each on a clone of the grid's row set; index is 1..100.
-void ApplyReplaceAll(int16_t& index);
-void ApplyExcludeContaining(int16_t& index);
-void ApplyExcludeStartingWith(int16_t& index);
-void ApplyExcludeRange(int16_t& index);
+// The four routines, each on a clone of the grid's row set (a grid that was
+// never bound has none: the object error, 91); index is 1..100. The rows
+// they change tell the grid's view so themselves.
+void ApplyReplaceAll(int16_t& index, const std::shared_ptr<Recordset>& gridRows);
+void ApplyExcludeContaining(int16_t& index, const std::shared_ptr<Recordset>& gridRows);
+void ApplyExcludeStartingWith(int16_t& index, const std::shared_ptr<Recordset>& gridRows);
+void ApplyExcludeRange(int16_t& index, const std::shared_ptr<Recordset>& gridRows);
 
 // The limit message of a 101st command.
 std::string CommandLimitMessage();
 
-// Refills a list box with one line per edited command, as the command
-// editor shows them ("1/  Exclude rows in range ...").
-void BuildCommandList(ListControl& list);
+// One line per edited command, as the command editor lists them ("1/  Exclude
+// rows in range ..."); a command's column is named by the type on its grid
+// heading (headings 0..31 of the grid).
+std::vector<std::string> BuildCommandList(const std::array<std::string, 32>& headings);
 
-// Runs all commands in list order, silently; a kind that is none of the four
-// is skipped. The replay after a fresh load of the working table.
-void ReplayTemplateCommands();
+// Runs all commands in list order on the grid's rows, silently; a kind that
+// is none of the four is skipped. The replay after a fresh load of the
+// working table.
+void ReplayTemplateCommands(const std::shared_ptr<Recordset>& gridRows);
 
 }  // namespace corvalin

@@ -3,9 +3,6 @@
 #include <array>
 #include <string>
 
-#include "screens/Application.h"
-#include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "shell/Busy.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
@@ -22,37 +19,24 @@ namespace {
 
 enum class RecordForm { Metric, Imperial };
 
-constexpr int kTableColumns = 30;
+constexpr int kTableColumns = kTranslatedColumns;
 constexpr const char* kBusyText = "Translating line:  ";
-
-// A column whose heading does not begin with "?" is identified; the data
-// test of a row looks only at those.
-std::array<bool, kTableColumns + 1> IdentifiedColumns(const RunState& run) {
-  std::array<bool, kTableColumns + 1> identified{};
-  frmHeaders& headers = App().Headers();
-  const int last = run.ColumnCount < kTableColumns ? run.ColumnCount : kTableColumns;
-  for (int i = 1; i <= last; ++i) {
-    const std::string& heading = headers.ColumnCaption[static_cast<std::size_t>(i)];
-    identified[static_cast<std::size_t>(i)] = heading.empty() || heading[0] != '?';
-  }
-  return identified;
-}
 
 // The writers' shared loop: one record per row taking part that has data in
 // an identified column, in table order. Each field is found once per run and
 // read per row by its position in the row set.
-void WriteTreeList(RecordForm form) {
+void WriteTreeList(RecordForm form, const TranslationRequest& request) {
   ShowBusy(ApplicationTitle, std::string(kBusyText) + "0");
 
   RunState& run = Run();
   const RecordSetup setup = form == RecordForm::Metric ? BcRecordSetup(run) : UsRecordSetup(run);
   Assert(IsLengthUnitName(run.UnitsDbh));
 
-  const std::array<bool, kTableColumns + 1> identified = IdentifiedColumns(run);
+  const std::array<bool, kTableColumns + 1>& identified = request.identified;
 
   OpenDatabase();
   // The database comes first: a bad output path leaves it open.
-  OpenOutput(App().Template().lblOutputFile.Caption, run.AppendToOutput);
+  OpenOutput(request.outputPath, run.AppendToOutput);
 
   Recordset& rows = *TftRecords();
   // The columns a row is read in: those of the record and the identified ones.
@@ -102,9 +86,9 @@ void WriteTreeList(RecordForm form) {
 }
 
 // A failed run leaves file number 1 open; what was written still reaches it.
-void WriteTreeListKeepingWhatWasWritten(RecordForm form) {
+void WriteTreeListKeepingWhatWasWritten(RecordForm form, const TranslationRequest& request) {
   try {
-    WriteTreeList(form);
+    WriteTreeList(form, request);
   } catch (...) {
     FlushOutput();
     throw;
@@ -113,11 +97,25 @@ void WriteTreeListKeepingWhatWasWritten(RecordForm form) {
 
 }  // namespace
 
-void TranslateBc() { WriteTreeListKeepingWhatWasWritten(RecordForm::Metric); }
+std::array<bool, kTranslatedColumns + 1> IdentifiedColumns(const std::array<std::string, 32>& headings,
+                                                           int16_t columnCount) {
+  std::array<bool, kTableColumns + 1> identified{};
+  // The data test of a row looks only at the identified columns.
+  const int last = columnCount < kTableColumns ? columnCount : kTableColumns;
+  for (int i = 1; i <= last; ++i) {
+    const std::string& heading = headings[static_cast<std::size_t>(i)];
+    identified[static_cast<std::size_t>(i)] = heading.empty() || heading[0] != '?';
+  }
+  return identified;
+}
 
-void TranslateUs() {
+void TranslateBc(const TranslationRequest& request) {
+  WriteTreeListKeepingWhatWasWritten(RecordForm::Metric, request);
+}
+
+void TranslateUs(const TranslationRequest& request) {
   try {
-    WriteTreeListKeepingWhatWasWritten(RecordForm::Imperial);
+    WriteTreeListKeepingWhatWasWritten(RecordForm::Imperial, request);
   } catch (const std::exception& failure) {
     const RuntimeError error = AsRuntimeError(failure);
     ShowMessage(std::string("Error translating file.") + "Module = " + Run().CurrentScreen + "\r\n" +
@@ -125,11 +123,11 @@ void TranslateUs() {
   }
 }
 
-bool RunTranslation() {
+bool RunTranslation(const TranslationRequest& request) {
   RunState& run = Run();
   if (run.CommandLineMode) {
     run.AppendToOutput = false;
-  } else if (!OutputOpensForInput(App().Template().lblOutputFile.Caption)) {
+  } else if (!OutputOpensForInput(request.outputPath)) {
     run.AppendToOutput = false;
   } else {
     UI().SetBusyPointer(false);
@@ -140,10 +138,10 @@ bool RunTranslation() {
   }
 
   // The variant on the screen chooses the record, not the one of the settings.
-  if (App().Headers().cmbVariant.Text == "BC")
-    TranslateBc();
+  if (request.variant == "BC")
+    TranslateBc(request);
   else
-    TranslateUs();
+    TranslateUs(request);
 
   if (!run.CommandLineMode) ShowMessage("Translation completed.");
   run.TranslationDone = true;

@@ -73,6 +73,13 @@ std::optional<std::string_view> Recordset::CellAt(int fieldIndex) const {
   return Store().Cell(position_, fieldIndex);
 }
 
+std::optional<std::string_view> Recordset::CellAt(Bookmark row, int fieldIndex) const {
+  RowStore& store = Store();
+  if (row < 0 || row >= store.Count()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
+  if (fieldIndex < 0 || fieldIndex >= store.Width()) Raise(kItemNotFound, "Recordset");
+  return store.Cell(row, fieldIndex);
+}
+
 std::optional<std::string> Recordset::ValueAt(int fieldIndex) const {
   const auto cell = CellAt(fieldIndex);
   if (!cell) return std::nullopt;
@@ -103,6 +110,13 @@ void Recordset::SetValue(std::string_view name, const std::string& value) { SetV
 void Recordset::Update() {
   RequireCurrent();
   Store().WriteThrough(*connection_, position_);
+}
+
+void Recordset::AddNew() { position_ = Store().AddRow(); }
+
+Recordset::RowChanges Recordset::TakeRowChanges() {
+  const RowStore::Changes changes = Store().TakeChanges();
+  return {changes.firstChanged, changes.lastChanged, changes.firstAdded, changes.lastAdded};
 }
 
 Recordset::Bookmark Recordset::GetBookmark() const {

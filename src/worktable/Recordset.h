@@ -51,12 +51,31 @@ class Recordset {
   // The current row's value without a copy, nullopt for Null (fast read);
   // valid until the row is changed.
   std::optional<std::string_view> CellAt(int fieldIndex) const;
+  // Any row's value, by bookmark and field, without moving and without a
+  // copy: what a grid paints a cell from. Valid until that row is changed.
+  std::optional<std::string_view> CellAt(Bookmark row, int fieldIndex) const;
 
   // Changes the current row's field (seen at once by every clone).
   void SetValue(std::string_view name, const std::string& value);
   void SetValueAt(int fieldIndex, const std::string& value);
-  // Writes the current row's changed fields to the table.
+  // Writes the current row's changed fields to the table (a new row is
+  // inserted).
   void Update();
+  // A new row at the end of the set, every field Null, made the current row;
+  // Update puts it into the table.
+  void AddNew();
+
+  // The rows changed or added through this set or its clones since the last
+  // call: what the grid bound to it must redraw.
+  struct RowChanges {
+    long firstChanged = -1;
+    long lastChanged = -1;
+    long firstAdded = -1;
+    long lastAdded = -1;
+  };
+  RowChanges TakeRowChanges();
+  // Whether two row sets share their rows (a set and its clones).
+  bool SharesRowsWith(const Recordset& other) const { return rows_ == other.rows_; }
 
   Bookmark GetBookmark() const;
   void SetBookmark(Bookmark bookmark);

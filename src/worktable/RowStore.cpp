@@ -130,7 +130,7 @@ std::optional<std::string_view> RowStore::Cell(long row, int field) const {
   return std::string_view(arena_).substr(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
 }
 
-void RowStore::SetCell(long row, int field, const std::string& value) {
+EditedRow& RowStore::EditedCopy(long row) {
   const auto r = static_cast<std::size_t>(row);
   if (edited_[r] < 0) {
     EditedRow edited;
@@ -143,11 +143,43 @@ void RowStore::SetCell(long row, int field, const std::string& value) {
     edited_[r] = static_cast<int32_t>(editedRows_.size());
     editedRows_.push_back(std::move(edited));
   }
-  EditedRow& edited = editedRows_[static_cast<std::size_t>(edited_[r])];
+  return editedRows_[static_cast<std::size_t>(edited_[r])];
+}
+
+void RowStore::SetCell(long row, int field, const std::string& value) {
+  EditedRow& edited = EditedCopy(row);
   const auto f = static_cast<std::size_t>(field);
   edited.cells[f] = value;
   edited.isNull[f] = false;
   edited.dirty[f] = true;
+  NoteChanged(row);
+}
+
+long RowStore::AddRow() {
+  const long row = Count();
+  rowids_.push_back(kNewRowId);
+  edited_.push_back(static_cast<int32_t>(editedRows_.size()));
+  EditedRow added;
+  added.cells.assign(fields.size(), std::string());
+  added.isNull.assign(fields.size(), true);
+  added.dirty.assign(fields.size(), false);
+  editedRows_.push_back(std::move(added));
+  if (changes_.firstAdded < 0) changes_.firstAdded = row;
+  changes_.lastAdded = row;
+  return row;
+}
+
+void RowStore::NoteChanged(long row) {
+  // A row added since the last look is told of as added, not as changed.
+  if (changes_.firstAdded >= 0 && row >= changes_.firstAdded) return;
+  if (changes_.firstChanged < 0 || row < changes_.firstChanged) changes_.firstChanged = row;
+  if (row > changes_.lastChanged) changes_.lastChanged = row;
+}
+
+RowStore::Changes RowStore::TakeChanges() {
+  const Changes taken = changes_;
+  changes_ = Changes{};
+  return taken;
 }
 
 void RowStore::WriteThrough(Connection& connection, long row) {
@@ -161,9 +193,24 @@ void RowStore::WriteThrough(Connection& connection, long row) {
     sql += (changed.empty() ? "" : ", ") + std::string("\"") + fields[i] + "\" = ?";
     changed.push_back(i);
   }
-  if (changed.empty()) return;
+  const auto r = static_cast<std::size_t>(row);
+  const bool added = rowids_[r] == kNewRowId;
+  if (changed.empty() && !added) return;
   if (table.empty() || connection.db == nullptr) Raise(err::ObjectClosed, "Recordset.Update");
-  sql = "UPDATE \"" + table + "\" SET " + sql + " WHERE rowid = ?";
+  if (added) {
+    // A new row goes in with the fields given so far; the table's defaults
+    // fill the rest.
+    std::string names;
+    std::string marks;
+    for (const std::size_t i : changed) {
+      names += (names.empty() ? "\"" : ", \"") + fields[i] + "\"";
+      marks += marks.empty() ? "?" : ", ?";
+    }
+    sql = changed.empty() ? "INSERT INTO \"" + table + "\" DEFAULT VALUES"
+                          : "INSERT INTO \"" + table + "\" (" + names + ") VALUES (" + marks + ")";
+  } else {
+    sql = "UPDATE \"" + table + "\" SET " + sql + " WHERE rowid = ?";
+  }
   sqlite3_stmt* statement = nullptr;
   if (sqlite3_prepare_v2(connection.db, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
     RaiseDatabaseError(connection.db, "Recordset.Update");
@@ -172,8 +219,9 @@ void RowStore::WriteThrough(Connection& connection, long row) {
   for (const std::size_t i : changed)
     sqlite3_bind_text(statement, n++, edited.cells[i].data(), static_cast<int>(edited.cells[i].size()),
                       SQLITE_TRANSIENT);
-  sqlite3_bind_int64(statement, n, rowids_[static_cast<std::size_t>(row)]);
+  if (!added) sqlite3_bind_int64(statement, n, rowids_[r]);
   if (sqlite3_step(statement) != SQLITE_DONE) RaiseDatabaseError(connection.db, "Recordset.Update");
+  if (added) rowids_[r] = sqlite3_last_insert_rowid(connection.db);
   // The table changed: a later select must read it anew.
   ++connection.generation;
   for (const std::size_t i : changed) edited.dirty[i] = false;

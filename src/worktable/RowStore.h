@@ -36,14 +36,31 @@ struct RowStore {
   void Ensure(Connection& connection);
 
   long Count() const { return static_cast<long>(rowids_.size()); }
+  // A new row at the end, every field Null; Update (WriteThrough) inserts it
+  // into the table.
+  long AddRow();
   int Width() const { return static_cast<int>(fields.size()); }
   // The cell of a row; nullopt is Null.
   std::optional<std::string_view> Cell(long row, int field) const;
   void SetCell(long row, int field, const std::string& value);
-  // Writes the row's changed fields to the table and clears their marks.
+  // Writes the row's changed fields to the table and clears their marks; a
+  // new row is inserted.
   void WriteThrough(Connection& connection, long row);
 
+  // Which rows were changed or added since the last look: what a grid over
+  // these rows must redraw, whoever made the change.
+  struct Changes {
+    long firstChanged = -1;
+    long lastChanged = -1;
+    long firstAdded = -1;
+    long lastAdded = -1;
+  };
+  Changes TakeChanges();
+
  private:
+  void NoteChanged(long row);
+  EditedRow& EditedCopy(long row);
+
   void Fetch(Connection& connection);
 
   std::vector<long long> rowids_;
@@ -52,7 +69,11 @@ struct RowStore {
   std::vector<uint64_t> nullBits_;    // per row, (Width() + 63) / 64 words
   std::vector<int32_t> edited_;       // per row: index into editedRows_, or -1
   std::vector<EditedRow> editedRows_;
+  Changes changes_;
 };
+
+// The row id of a row added through the row set and not yet in the table.
+inline constexpr long long kNewRowId = -1;
 
 // A row set's rows for a select, fetched on first use. A "select * from t ..."
 // also fetches each row's id, which makes its rows updatable. The statement is

@@ -1,6 +1,8 @@
 // The gate before translation: assignments left to right, required columns,
-// then every cell of every row taking part, first fault only.
+// then every cell of every row taking part, first fault only, with the cell
+// it stopped at.
 #include "TableFixture.h"
+#include "columns/SpeciesCodes.h"
 #include "columns/ValidateTable.h"
 
 namespace corvalin {
@@ -8,32 +10,39 @@ namespace {
 
 class ValidateTableTest : public testing::TableFixture {
  protected:
-  // Headings given as "type|units", one per column; the grid is bound to the table.
-  frmHeaders& Grid(const std::vector<std::string>& headings) {
-    frmHeaders& headers = LoadHeaders();
+  // Validates the table under these headings, given as "type|units", one per
+  // column; the other columns are unassigned. The variant is "BC", metric.
+  ValidationResult Validate(const std::vector<std::string>& headings) {
     for (std::size_t i = 0; i < headings.size(); ++i) {
       const auto bar = headings[i].find('|');
-      headers.ColumnCaption[i + 1] = headings[i].substr(0, bar) + "\r\n" + headings[i].substr(bar + 1);
+      headings_[i + 1] = headings[i].substr(0, bar) + "\r\n" + headings[i].substr(bar + 1);
     }
-    for (std::size_t i = headings.size() + 1; i <= 30; ++i) headers.ColumnCaption[i] = "? column\r\n? units";
-    headers.SelectVariant(1);  // BC
-    return headers;
+    for (std::size_t i = headings.size() + 1; i <= 30; ++i) headings_[i] = "? column\r\n? units";
+    rows_ = GridRows();
+    return ValidateTable({headings_, "BC", true, rows_});
+  }
+  // The message of a validation that must fail.
+  std::string Fault(const std::vector<std::string>& headings) {
+    const ValidationResult result = Validate(headings);
+    EXPECT_FALSE(result.valid);
+    return result.fault;
   }
   static std::vector<std::string> Required() {
     return {"Plot ID|", "Tree ID|", "Tree Count|", "Species|", "DBH|cm"};
   }
-  std::string Only() {
-    EXPECT_EQ(ui.boxes.size(), 1u);
-    return ui.boxes.empty() ? "" : ui.boxes.back().text;
-  }
+  std::array<std::string, 32> headings_{};
+  std::shared_ptr<Recordset> rows_;
 };
 
 TEST_F(ValidateTableTest, FiveRequiredColumnsFilledPassAndExtraUnassignedColumnIsIgnored) {
   MakeTable({{1, {"1", "1", "1", "FD", "20", "rubbish"}}});
   auto cols = Required();
   cols.push_back("? column|? units");
-  frmHeaders& headers = Grid(cols);
-  EXPECT_TRUE(ValidateTable(headers));
+  const ValidationResult result = Validate(cols);
+  EXPECT_TRUE(result.valid);
+  EXPECT_EQ(result.fault, "");
+  EXPECT_EQ(result.column, -1);
+  EXPECT_EQ(result.row, -1);
   EXPECT_TRUE(ui.boxes.empty());
   EXPECT_EQ(Run().ColPlotId, 1);
   EXPECT_EQ(Run().ColDbh, 5);
@@ -41,77 +50,82 @@ TEST_F(ValidateTableTest, FiveRequiredColumnsFilledPassAndExtraUnassignedColumnI
   EXPECT_EQ(Run().ColCrownRatio, -1);
 }
 
+TEST_F(ValidateTableTest, PlainFieldNamesAsHeadingsFailWithoutAMessage) {
+  MakeTable({{1, {"1"}}});
+  headings_[1] = "c1";
+  const ValidationResult result = ValidateTable({headings_, "BC", true, GridRows()});
+  EXPECT_FALSE(result.valid);
+  EXPECT_EQ(result.fault, "");
+  EXPECT_EQ(result.column, -1);
+  EXPECT_EQ(result.row, -1);
+}
+
 TEST_F(ValidateTableTest, EmptyRowSetPasses) {
   MakeTable({});
   Run().ColumnCount = 5;
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
 }
 
 TEST_F(ValidateTableTest, ExcludedRowsArePassedOver) {
   MakeTable({{1, {"", "1", "1", "FD", "20"}, "Y"}, {2, {"1", "1", "1", "FD", "20"}}});
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
 }
 
-TEST_F(ValidateTableTest, BlanksInOneAssignedColumnCountAsDataAndFailAtPlotId) {
+TEST_F(ValidateTableTest, BlanksInOneAssignedColumnCountAsDataAndFailAtPlotIdOnItsRow) {
   MakeTable({{1, {"1", "1", "1", "FD", "20"}}, {2, {"", "", "  ", "", ""}}});
-  frmHeaders& headers = Grid(Required());
-  EXPECT_FALSE(ValidateTable(headers));
-  EXPECT_EQ(Only(), "Invalid Plot Id.");
-  ASSERT_EQ(headers.SelBookmarks.size(), 1u);
-  EXPECT_EQ(headers.SelBookmarks[0], BookmarkOfLine(headers, 2));
+  const ValidationResult result = Validate(Required());
+  EXPECT_FALSE(result.valid);
+  EXPECT_EQ(result.fault, "Invalid Plot Id.");
+  EXPECT_EQ(result.row, BookmarkOfLine(rows_, 2));
+  EXPECT_EQ(result.column, -1);
 }
 
 TEST_F(ValidateTableTest, RowEmptyInAllAssignedColumnsIsPassedOver) {
   MakeTable({{1, {"", "", "", "", "", "junk"}}});
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
 }
 
 TEST_F(ValidateTableTest, TreeCountZeroPointZeroAndDoubleZeroPass) {
   MakeTable({{1, {"1", "1", "0.0", "FD", "20"}}, {2, {"1", "1", "00", "FD", "20"}}});
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
 }
 
-TEST_F(ValidateTableTest, TreeCountZeroFailsWithoutMovingTheSelection) {
+TEST_F(ValidateTableTest, TreeCountZeroFailsWithoutACellToSelect) {
   MakeTable({{1, {"1", "1", " 0 ", "FD", "20"}}});
-  frmHeaders& headers = Grid(Required());
-  EXPECT_FALSE(ValidateTable(headers));
-  EXPECT_EQ(Only(), "Tree Count is required.");
-  EXPECT_TRUE(headers.SelBookmarks.empty());
+  const ValidationResult result = Validate(Required());
+  EXPECT_EQ(result.fault, "Tree Count is required.");
+  EXPECT_EQ(result.row, -1);
+  EXPECT_EQ(result.column, -1);
 }
 
 TEST_F(ValidateTableTest, TreeIdBlankAndTreeCountTextFailWithTheirMessages) {
   MakeTable({{1, {"1", " ", "1", "FD", "20"}}});
-  EXPECT_FALSE(ValidateTable(Grid(Required())));
-  EXPECT_EQ(Only(), "Invalid Tree Id.");
+  EXPECT_EQ(Fault(Required()), "Invalid Tree Id.");
 }
 
 TEST_F(ValidateTableTest, TreeCountWithCommaIsInvalid) {
   MakeTable({{1, {"1", "1", "1,5", "FD", "20"}}});
-  EXPECT_FALSE(ValidateTable(Grid(Required())));
-  EXPECT_EQ(Only(), "Invalid Tree Count.");
+  EXPECT_EQ(Fault(Required()), "Invalid Tree Count.");
 }
 
 TEST_F(ValidateTableTest, DbhPointPassesAndBlankDbhIsRequired) {
   MakeTable({{1, {"1", "1", "1", "FD", "."}}});
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
-  App().UnloadAll();
+  EXPECT_TRUE(Validate(Required()).valid);
   MakeTable({{1, {"1", "1", "1", "FD", " "}}});
-  EXPECT_FALSE(ValidateTable(Grid(Required())));
-  EXPECT_EQ(Only(), "DBH value is required.");
+  EXPECT_EQ(Fault(Required()), "DBH value is required.");
 }
 
 TEST_F(ValidateTableTest, SpeciesMappedUnderBcStaysAsTypedInTheTable) {
   MakeTable({{1, {"1", "1", "1", "yc", "20"}}});
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
   EXPECT_EQ(CellOf(1, "c4"), "yc");
 }
 
-TEST_F(ValidateTableTest, UnknownSpeciesFailsAndSelectsTheRow) {
-  MakeTable({{1, {"1", "1", "1", "DF", "20"}}});
-  frmHeaders& headers = Grid(Required());
-  EXPECT_FALSE(ValidateTable(headers));
-  EXPECT_EQ(Only(), "Invalid Species Code.");
-  EXPECT_EQ(headers.SelBookmarks.size(), 1u);
+TEST_F(ValidateTableTest, UnknownSpeciesFailsAtItsRow) {
+  MakeTable({{1, {"1", "1", "1", "FD", "20"}}, {2, {"1", "2", "1", "DF", "20"}}});
+  const ValidationResult result = Validate(Required());
+  EXPECT_EQ(result.fault, "Invalid Species Code.");
+  EXPECT_EQ(result.row, BookmarkOfLine(rows_, 2));
 }
 
 TEST_F(ValidateTableTest, EmptyPeriodicDbhIncPassesAndCrownRatioTenDependsOnUnits) {
@@ -119,72 +133,68 @@ TEST_F(ValidateTableTest, EmptyPeriodicDbhIncPassesAndCrownRatioTenDependsOnUnit
   auto cols = Required();
   cols.push_back("Periodic DBH Inc.|cm");
   cols.push_back("Crown Ratio|codes");
-  EXPECT_FALSE(ValidateTable(Grid(cols)));
-  EXPECT_EQ(Only(), "Invalid Crown Ratio Code.");
+  EXPECT_EQ(Fault(cols), "Invalid Crown Ratio Code.");
   EXPECT_EQ(Run().UnitsCrownRatio, "codes");
-  App().UnloadAll();
-  ui.boxes.clear();
   cols.back() = "Crown Ratio|%";
-  EXPECT_TRUE(ValidateTable(Grid(cols)));
+  EXPECT_TRUE(Validate(cols).valid);
 }
 
-TEST_F(ValidateTableTest, DuplicateTypeSelectsTheLeftColumnBeforeLaterUnitChecks) {
+TEST_F(ValidateTableTest, DuplicateTypeStopsAtTheLeftColumnBeforeLaterUnitChecks) {
   MakeTable({{1, {"1", "1", "1", "FD", "20", "FD"}}});
-  std::vector<std::string> cols = {"Plot ID|", "Tree ID|", "Species|", "DBH|? units", "Tree Count|", "Species|"};
-  frmHeaders& headers = Grid(cols);
-  EXPECT_FALSE(ValidateTable(headers));
-  EXPECT_EQ(Only(), "Duplicate columns.");
-  EXPECT_EQ(headers.SelStartCol, 3);
+  const ValidationResult result =
+      Validate({"Plot ID|", "Tree ID|", "Species|", "DBH|? units", "Tree Count|", "Species|"});
+  EXPECT_EQ(result.fault, "Duplicate columns.");
+  EXPECT_EQ(result.column, 3);
+  EXPECT_EQ(result.row, -1);
+}
+
+TEST_F(ValidateTableTest, BadUnitsStopAtTheirColumn) {
+  MakeTable({{1, {"1", "2"}}});
+  const ValidationResult result = Validate({"Plot ID|", "Total Height|? units"});
+  EXPECT_EQ(result.fault, "Must specify units for Total Height column.");
+  EXPECT_EQ(result.column, 2);
 }
 
 TEST_F(ValidateTableTest, AssignmentsAreTakenLeftToRight) {
   MakeTable({{1, {"1", "1", "1", "FD", "20", "x"}}});
-  std::vector<std::string> cols = {"Plot ID|", "DBH|degrees", "Tree ID|", "Tree ID|"};
-  EXPECT_FALSE(ValidateTable(Grid(cols)));
-  EXPECT_EQ(Only(), "Invalid units for DBH column.");
+  EXPECT_EQ(Fault({"Plot ID|", "DBH|degrees", "Tree ID|", "Tree ID|"}), "Invalid units for DBH column.");
 }
 
 TEST_F(ValidateTableTest, HeightIncrementWithBadUnitsReportsTheDiameterIncrementsWords) {
   MakeTable({{1, {"1"}}});
-  EXPECT_FALSE(ValidateTable(Grid({"Periodic Height Inc.|%"})));
-  EXPECT_EQ(Only(), "Invalid units for Periodic DBH Inc. column.");
+  EXPECT_EQ(Fault({"Periodic Height Inc.|%"}), "Invalid units for Periodic DBH Inc. column.");
 }
 
 TEST_F(ValidateTableTest, MissingUnitsAndWrongSystemHaveTheirOwnMessages) {
   MakeTable({{1, {"1"}}});
-  EXPECT_FALSE(ValidateTable(Grid({"Total Height|? units"})));
-  EXPECT_EQ(Only(), "Must specify units for Total Height column.");
-  App().UnloadAll();
-  ui.boxes.clear();
-  EXPECT_FALSE(ValidateTable(Grid({"Height to Topkill|feet"})));
-  EXPECT_EQ(Only(), "Incorrect units (metric/imperial).");
-  App().UnloadAll();
-  ui.boxes.clear();
-  EXPECT_FALSE(ValidateTable(Grid({"Plot Slope|cm"})));
-  EXPECT_EQ(Only(), "Invalid units for Plot Slope column.");
-  App().UnloadAll();
-  ui.boxes.clear();
-  EXPECT_FALSE(ValidateTable(Grid({"Crown Ratio|? units"})));
-  EXPECT_EQ(Only(), "Must specify units for Crown Ratio column.");
+  EXPECT_EQ(Fault({"Total Height|? units"}), "Must specify units for Total Height column.");
+  EXPECT_EQ(Fault({"Height to Topkill|feet"}), "Incorrect units (metric/imperial).");
+  EXPECT_EQ(Fault({"Plot Slope|cm"}), "Invalid units for Plot Slope column.");
+  EXPECT_EQ(Fault({"Crown Ratio|? units"}), "Must specify units for Crown Ratio column.");
 }
 
-TEST_F(ValidateTableTest, UnknownTypeStopsWithoutSelection) {
+TEST_F(ValidateTableTest, ImperialUnitsPassUnderTheImperialSystem) {
+  MakeTable({{1, {"1", "1", "1", "DF", "20"}}});
+  SpeciesCodes() = *SpeciesRowOf("NI");
+  Validate({"Plot ID|", "Tree ID|", "Tree Count|", "Species|", "DBH|inches"});
+  const ValidationResult result = ValidateTable({headings_, "NI", false, rows_});
+  EXPECT_TRUE(result.valid) << result.fault;
+  EXPECT_EQ(Run().UnitsDbh, "inches");
+}
+
+TEST_F(ValidateTableTest, UnknownTypeStopsWithoutACellToSelect) {
   MakeTable({{1, {"1"}}});
-  frmHeaders& headers = Grid({"Diameter|cm"});
-  EXPECT_FALSE(ValidateTable(headers));
-  EXPECT_EQ(Only(), "ERROR - unknown column type.");
-  EXPECT_EQ(headers.SelStartCol, -1);
+  const ValidationResult result = Validate({"Diameter|cm"});
+  EXPECT_EQ(result.fault, "ERROR - unknown column type.");
+  EXPECT_EQ(result.column, -1);
+  EXPECT_EQ(result.row, -1);
 }
 
 TEST_F(ValidateTableTest, RequiredColumnsAreReportedInOrder) {
   MakeTable({{1, {"1"}}});
-  EXPECT_FALSE(ValidateTable(Grid({"Tree ID|"})));
-  EXPECT_EQ(Only(), "Plot ID column is required.");
-  App().UnloadAll();
-  ui.boxes.clear();
+  EXPECT_EQ(Fault({"Tree ID|"}), "Plot ID column is required.");
   MakeTable({{1, {"1", "1", "1", "FD"}}});
-  EXPECT_FALSE(ValidateTable(Grid({"Plot ID|", "Tree ID|", "Tree Count|", "Species|"})));
-  EXPECT_EQ(Only(), "DBH column is required.");
+  EXPECT_EQ(Fault({"Plot ID|", "Tree ID|", "Tree Count|", "Species|"}), "DBH column is required.");
 }
 
 TEST_F(ValidateTableTest, CodedColumnsReportTheirOwnMessages) {
@@ -202,22 +212,25 @@ TEST_F(ValidateTableTest, CodedColumnsReportTheirOwnMessages) {
                         Case{"Plot US Habitat Type|", " 130", "Invalid Plot US Habitat Type value."},
                         Case{"Plot Site Preparation|", "5", "Invalid Plot Site Preparation Code."},
                         Case{"Total Height|m", "1.2.3", "Invalid Total Height value."}}) {
-    App().UnloadAll();
-    ui.boxes.clear();
     MakeTable({{1, {"1", "1", "1", "FD", "20", c.cell}}});
     auto cols = Required();
     cols.push_back(c.heading);
-    EXPECT_FALSE(ValidateTable(Grid(cols))) << c.heading;
-    EXPECT_EQ(Only(), c.message);
+    EXPECT_EQ(Fault(cols), c.message) << c.heading;
   }
 }
 
 TEST_F(ValidateTableTest, UnitsAreNotResetBetweenRuns) {
   MakeTable({{1, {"1", "1", "1", "FD", "20"}}});
   Run().UnitsTotalHeight = "feet";
-  EXPECT_TRUE(ValidateTable(Grid(Required())));
+  EXPECT_TRUE(Validate(Required()).valid);
   EXPECT_EQ(Run().UnitsTotalHeight, "feet");
   EXPECT_EQ(Run().ColTotalHeight, -1);
+}
+
+TEST_F(ValidateTableTest, GridWithoutRowsIsTheObjectError) {
+  MakeTable({{1, {"1", "1", "1", "FD", "20"}}});
+  Validate(Required());
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { ValidateTable({headings_, "BC", true, nullptr}); }), 91);
 }
 
 }  // namespace

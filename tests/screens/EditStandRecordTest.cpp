@@ -26,7 +26,7 @@ const Texts& ExampleStand() {
 TEST_F(EditStandRecordTest, ALineOfNoKnownTypeIsRefusedAndNothingOpens) {
   StandList("BC", {"E st1 @"});
   bool opened = false;
-  App().RunModal = [&](Screen&) { opened = true; };
+  ui.everyDialog = [&](ModalWindow&) { opened = true; };
   EditStandRecord("E st1 @");
   EditStandRecord("");
   EditStandRecord(" A st1 & WithPointData @");

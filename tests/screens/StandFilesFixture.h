@@ -86,11 +86,11 @@ class StandFilesBase : public Fixture {
   }
 
   // Each dialog the editors open runs this script.
-  static void OnStandRecordDialog(std::function<void(frmSlfRecord&)> script) {
-    App().RunModal = [script](Screen& dialog) { script(dynamic_cast<frmSlfRecord&>(dialog)); };
+  void OnStandRecordDialog(std::function<void(frmSlfRecord&)> script) {
+    this->ui.template AnswerEveryDialog<frmSlfRecord>(std::move(script));
   }
-  static void OnLocationRecordDialog(std::function<void(frmLocationRecord&)> script) {
-    App().RunModal = [script](Screen& dialog) { script(dynamic_cast<frmLocationRecord&>(dialog)); };
+  void OnLocationRecordDialog(std::function<void(frmLocationRecord&)> script) {
+    this->ui.template AnswerEveryDialog<frmLocationRecord>(std::move(script));
   }
 
   std::string slfPath;

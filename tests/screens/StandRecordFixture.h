@@ -57,13 +57,12 @@ class StandRecordFixture : public FreshProcess {
   // that lstSlf then holds at the selection.
   std::string Edit(const std::string& line, const std::function<void(frmSlfRecord&)>& act = {},
                    bool pressOk = true) {
-    App().RunModal = [&](Screen& screen) {
-      auto& dialog = static_cast<frmSlfRecord&>(screen);
+    ui.AnswerDialog<frmSlfRecord>([&](frmSlfRecord& dialog) {
       if (act) act(dialog);
       if (pressOk) dialog.cmdOk_Click();
-    };
+    });
     EditStandRecord(line);
-    App().RunModal = nullptr;
+    ui.dialogs.clear();
     return SelectedLine();
   }
 

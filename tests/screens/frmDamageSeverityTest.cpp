@@ -1,12 +1,12 @@
 // The damage/severity dialog: its lists, the texts that picking and typing
 // give, and the cell text OK writes into the grid.
-#include "../columns/TableFixture.h"
+#include "GridFixture.h"
 #include "screens/frmDamageSeverity.h"
 
 namespace corvalin {
 namespace {
 
-class frmDamageSeverityTest : public testing::TableFixture {
+class frmDamageSeverityTest : public testing::GridFixture {
  protected:
   // Picks an item of a list as a click on it would.
   void PickDamage(int index) {
@@ -85,27 +85,40 @@ TEST_F(frmDamageSeverityTest, OkWritesTheCellOfTheButtonColumnInTheCurrentRow) {
   frmHeaders& headers = LoadHeaders();
   headers.ButtonColumn = 2;
   headers.Adodc1.Recordset->SetBookmark(BookmarkOfLine(headers, 2));
-  headers.ShowDamageSeverityDialog = [](frmDamageSeverity& d) {
+  ui.AnswerDialog<frmDamageSeverity>([](frmDamageSeverity& d) {
     d.cmbDamage.Text = "45";
     d.SetSeverityText("0");
     d.cmdOk_Click();
-  };
+  });
   headers.OpenDamageSeverityDialog("");
   EXPECT_TRUE(ui.boxes.empty()) << (ui.boxes.empty() ? "" : ui.boxes[0].text);
+  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmDamageSeverity"});
   EXPECT_EQ(CellOf(2, "c2"), "45 0");
   EXPECT_EQ(CellOf(1, "c2"), "");
+  EXPECT_FALSE(App().DamageSeverityLoaded());
 }
 
 TEST_F(frmDamageSeverityTest, CancelLeavesTheCell) {
   MakeTable({{1, {"1", "12 3"}}});
   frmHeaders& headers = LoadHeaders();
   headers.ButtonColumn = 2;
-  headers.ShowDamageSeverityDialog = [](frmDamageSeverity& d) {
+  ui.AnswerDialog<frmDamageSeverity>([](frmDamageSeverity& d) {
     d.cmbDamage.Text = "45";
     d.cmdCancel_Click();
-  };
+  });
   headers.OpenDamageSeverityDialog("12 3");
   EXPECT_EQ(CellOf(1, "c2"), "12 3");
+  EXPECT_FALSE(App().DamageSeverityLoaded());
+}
+
+TEST_F(frmDamageSeverityTest, DialogNobodyAnswersEndsAsCancelledAndIsUnloaded) {
+  MakeTable({{1, {"1", "12 3"}}});
+  frmHeaders& headers = LoadHeaders();
+  headers.ButtonColumn = 2;
+  headers.OpenDamageSeverityDialog("12 3");
+  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmDamageSeverity"});
+  EXPECT_EQ(CellOf(1, "c2"), "12 3");
+  EXPECT_FALSE(App().DamageSeverityLoaded());
 }
 
 }  // namespace

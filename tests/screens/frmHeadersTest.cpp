@@ -1,7 +1,7 @@
 // The grid screen as a controller: load and activation from a template or
 // the settings, the assign lists, the options, the row menus, validation
 // from its buttons and the saving of a template.
-#include "../columns/TableFixture.h"
+#include "GridFixture.h"
 #include "columns/ValidateTable.h"
 #include "input/ColumnFormat.h"
 #include "screens/frmColumns.h"
@@ -14,7 +14,7 @@
 namespace corvalin {
 namespace {
 
-class frmHeadersTest : public testing::TableFixture {
+class frmHeadersTest : public testing::GridFixture {
  protected:
   void UseTemplateText(const std::string& text) {
     // The first screen chooses its own template at its load; the test's
@@ -43,7 +43,7 @@ TEST_F(frmHeadersTest, LoadWithoutActivationLeavesPlainFieldNamesAndValidationFa
   EXPECT_EQ(headers.ColumnCaption[1], "c1");
   EXPECT_EQ(headers.cmbVariant.ListIndex, -1);
   EXPECT_EQ(headers.Caption, "Corvalin - Identify Columns, Create Template and Treelist");
-  EXPECT_FALSE(ValidateTable(headers));
+  EXPECT_FALSE(headers.Validate());
   EXPECT_TRUE(ui.boxes.empty());
 }
 
@@ -225,7 +225,7 @@ TEST_F(frmHeadersTest, TopographicCellNineIsNeverRedButFailsValidation) {
   UseTemplateText(FiveColumns() + "ColumnHeader6=Plot Topographic Position\r\nColumnUnits6=\r\n");
   frmHeaders& headers = LoadAndActivate();
   EXPECT_EQ(headers.CellColour(6, BookmarkOfLine(headers, 1)), 0);
-  EXPECT_FALSE(ValidateTable(headers));
+  EXPECT_FALSE(headers.Validate());
   EXPECT_EQ(ui.Texts().back(), "Invalid Plot Topographical Code.");
 }
 
@@ -338,9 +338,7 @@ TEST_F(RowMenusTest, CommandListShowsEachKindInItsOwnWords) {
   state.EditedCommands[2] = {"EXCLUDE_STARTING_WITH", "", "", 2, 0, 0, "P"};
   state.EditedCommands[3] = {"EXCLUDE_RANGE", "", "", 2, 5, 20, ""};
   state.EditedCommands[4] = {"ODD", "", "", 2, 0, 0, ""};
-  ListControl list;
-  BuildCommandList(list);
-  EXPECT_EQ(list.Items, (std::vector<std::string>{
+  EXPECT_EQ(BuildCommandList(headers.ColumnCaption), (std::vector<std::string>{
                             "1/  Replace all \"fd\" with \"FD\" in column 2 (Species)",
                             "2/  Exclude rows with \"X\" in column 2 (Species)",
                             "3/  Exclude rows starting with \"P\" in column 2 (Species)",
@@ -368,11 +366,11 @@ TEST_F(frmHeadersTest, SavedTemplateComesBackWithEveryKeyExceptTheMarkers) {
   headers.SelectVariant(8);
   ASSERT_EQ(headers.cmbVariant.Text, "NI");
   std::string offered;
-  headers.ShowTemplateNameDialog = [&](frmTemplateName& dialog) {
+  ui.AnswerDialog<frmTemplateName>([&](frmTemplateName& dialog) {
     offered = dialog.cmbTemplateName.Text;
     dialog.SetText("Stands");
     dialog.cmdOk_Click();
-  };
+  });
   headers.cmdSaveTemplate_Click();
   EXPECT_EQ(offered, "plots");
   const std::string path = TemplatePathOf("stands");
@@ -409,13 +407,24 @@ TEST_F(frmHeadersTest, SavedTemplateComesBackWithEveryKeyExceptTheMarkers) {
 TEST_F(frmHeadersTest, CancelledSaveWritesNothing) {
   MakeTable({{1, {"1"}}});
   frmHeaders& headers = LoadAndActivate();
-  headers.ShowTemplateNameDialog = [](frmTemplateName& dialog) {
+  ui.AnswerDialog<frmTemplateName>([](frmTemplateName& dialog) {
     dialog.SetText("abc");
     dialog.cmdCancel_Click();
-  };
+  });
   headers.cmdSaveTemplate_Click();
   EXPECT_FALSE(std::filesystem::exists(TemplatePathOf("abc")));
   EXPECT_FALSE(Run().TemplateSaved);
+  EXPECT_FALSE(App().TemplateNameLoaded());
+}
+
+TEST_F(frmHeadersTest, SaveThatNobodyAnswersEndsAsCancelledAndWritesNothing) {
+  MakeTable({{1, {"1"}}});
+  frmHeaders& headers = LoadAndActivate();
+  headers.cmdSaveTemplate_Click();
+  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmTemplateName"});
+  EXPECT_FALSE(Run().TemplateSaved);
+  EXPECT_FALSE(App().TemplateNameLoaded());
+  EXPECT_TRUE(std::filesystem::is_empty(Run().WorkFolder));
 }
 
 }  // namespace

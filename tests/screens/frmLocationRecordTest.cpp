@@ -37,13 +37,12 @@ class frmLocationRecordTest : public testing::FreshProcess {
   // the open dialog, presses OK when asked, and gives the selected line.
   std::string Edit(const std::string& line, const std::function<void(frmLocationRecord&)>& act = {},
                    bool pressOk = true) {
-    App().RunModal = [&](Screen& screen) {
-      auto& dialog = static_cast<frmLocationRecord&>(screen);
+    ui.AnswerDialog<frmLocationRecord>([&](frmLocationRecord& dialog) {
       if (act) act(dialog);
       if (pressOk) dialog.cmdOk_Click();
-    };
+    });
     EditLocationRecord(line);
-    App().RunModal = nullptr;
+    ui.dialogs.clear();
     return SelectedLine();
   }
   std::string RoundTrip(const std::string& line) {
@@ -159,7 +158,7 @@ TEST_F(frmLocationRecordTest, ALineWithoutQuotesGivesItsSecondWordAsTheName) {
 TEST_F(frmLocationRecordTest, ALineOfAnotherTypeIsRefusedAndNothingOpens) {
   LocationList({"B \"x\" @ y @ @"});
   bool opened = false;
-  App().RunModal = [&](Screen&) { opened = true; };
+  ui.everyDialog = [&](ModalWindow&) { opened = true; };
   EditLocationRecord("B \"x\" @ y @ @");
   EditLocationRecord("");
   EXPECT_EQ(ui.Texts(), Texts(2, "Invalid Location record - should start with 'A'."));

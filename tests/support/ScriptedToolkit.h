@@ -31,6 +31,20 @@ class ScriptedToolkit : public Toolkit {
   std::deque<AppendChoice> appendChoices;
   // Called at every DoEvents (to press Cancel in the middle of a load, say).
   std::function<void()> onDoEvents;
+  // Scripts for the modal dialogs, in the order they open: each plays the
+  // person at the dialog (types, presses OK or Cancel). A dialog with no
+  // script left is left open, and so ends as cancelled.
+  std::deque<std::function<void(ModalWindow&)>> dialogs;
+  template <class Dialog>
+  void AnswerDialog(std::function<void(Dialog&)> script) {
+    dialogs.push_back([script](ModalWindow& window) { script(dynamic_cast<Dialog&>(window)); });
+  }
+  // The script of every dialog that has none of its own in the queue.
+  std::function<void(ModalWindow&)> everyDialog;
+  template <class Dialog>
+  void AnswerEveryDialog(std::function<void(Dialog&)> script) {
+    everyDialog = [script](ModalWindow& window) { script(dynamic_cast<Dialog&>(window)); };
+  }
 
   // What happened.
   std::vector<RecordedBox> boxes;
@@ -39,6 +53,7 @@ class ScriptedToolkit : public Toolkit {
   std::vector<std::pair<std::string, std::string>> busyWindow;  // title, text per call
   std::vector<std::pair<std::string, std::string>> helpOpened;  // file, topic
   std::vector<std::string> appendQuestions;
+  std::vector<std::string> modalDialogs;  // names, in the order they ran
   int busyHides = 0;
   int doEvents = 0;
   int beeps = 0;
@@ -59,6 +74,7 @@ class ScriptedToolkit : public Toolkit {
   void ShowBanner(const std::string& title, const std::string& text) override;
   void HideBanner() override { bannerShown = false; }
   AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  void RunModal(ModalWindow& window) override;
   bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
   void Beep() override { ++beeps; }
   [[noreturn]] void EndProcess(int exitCode) override;

@@ -6,8 +6,6 @@
 #include <unistd.h>
 #include <sstream>
 
-#include "screens/Application.h"
-#include "screens/ProcessState.h"
 #include "shell/Error.h"
 #include "shell/RunState.h"
 #include "worktable/clsDBEngine.h"
@@ -68,6 +66,17 @@ AppendChoice ScriptedToolkit::AskAppendOverwriteCancel(const std::string& text) 
   return choice;
 }
 
+void ScriptedToolkit::RunModal(ModalWindow& window) {
+  modalDialogs.emplace_back(window.Name());
+  if (dialogs.empty()) {
+    if (everyDialog) everyDialog(window);
+    return;
+  }
+  const auto script = std::move(dialogs.front());
+  dialogs.pop_front();
+  script(window);
+}
+
 bool ScriptedToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {
   helpOpened.emplace_back(helpFile, topic);
   return true;
@@ -83,7 +92,7 @@ void FreshProcess::SetUp() {
   ::setenv("HOME", home.c_str(), 1);
   ::setenv("XDG_CONFIG_HOME", (home / ".config").c_str(), 1);
   ::unsetenv("XDG_DOCUMENTS_DIR");
-  ResetProcessState();
+  ResetForTest();
   SetToolkit(&ui);
   std::filesystem::create_directories(home / "Work");
   std::filesystem::create_directories(home / "Data");
@@ -92,7 +101,7 @@ void FreshProcess::SetUp() {
 }
 
 void FreshProcess::TearDown() {
-  ResetProcessState();
+  ResetForTest();
   SetToolkit(nullptr);
   std::error_code ec;
   std::filesystem::permissions(home, std::filesystem::perms::owner_all, ec);

@@ -33,6 +33,10 @@ class FreshProcess : public ::testing::Test {
   ScriptedToolkit ui;
 };
 
+// Back to the state of a fresh process: what exists in the program under test
+// (the logic alone, or the screens over it).
+void ResetForTest();
+
 // A fresh process whose Data folder holds a new copy of the installed empty
 // working table as TFT.mdb (not yet opened); the database is closed and the
 // table's row set dropped after each test.

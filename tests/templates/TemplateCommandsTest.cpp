@@ -1,6 +1,7 @@
 // The replayable commands: whole-cell replacement and the three exclusions,
 // run on a clone of the grid's row set, counted, and replayed in list order.
-#include "../columns/TableFixture.h"
+#include "TableFixture.h"
+#include "templates/TemplateCommands.h"
 #include "shell/Error.h"
 
 namespace corvalin {
@@ -15,7 +16,7 @@ class TemplateCommandsTest : public testing::TableFixture {
                {3, {"", "pine"}},
                {4, {"12", "P"}},
                {5, {"", "PINE"}}});
-    LoadHeaders();
+    grid = GridRows();
   }
   static TemplateCommand Replace(const std::string& find, const std::string& replacement, int16_t column) {
     TemplateCommand c;
@@ -40,24 +41,24 @@ class TemplateCommandsTest : public testing::TableFixture {
     c.ColumnNumber = 1;
     return c;
   }
-  // Changes the working table behind the grid's back, then loads the grid
-  // screen over it again.
-  static void ChangeTableAndReloadTheGrid(const std::string& statement) {
+  // Changes the working table behind the grid's back, then fetches the
+  // grid's rows again.
+  void ChangeTableAndReloadTheGrid(const std::string& statement) {
     Sql(statement);
-    OpenDatabase();
-    App().UnloadAll();
-    LoadHeaders();
+    grid = GridRows();
   }
   // Adds the command to the list, runs it on its own as its button would, and
   // gives the number of rows it hit.
-  static int16_t HitsOf(const TemplateCommand& command) {
+  int16_t HitsOf(const TemplateCommand& command) {
     int16_t k = AddCommand(command);
-    if (command.CommandType == "REPLACE_ALL") ApplyReplaceAll(k);
-    if (command.CommandType == "EXCLUDE_CONTAINING") ApplyExcludeContaining(k);
-    if (command.CommandType == "EXCLUDE_STARTING_WITH") ApplyExcludeStartingWith(k);
-    if (command.CommandType == "EXCLUDE_RANGE") ApplyExcludeRange(k);
+    if (command.CommandType == "REPLACE_ALL") ApplyReplaceAll(k, grid);
+    if (command.CommandType == "EXCLUDE_CONTAINING") ApplyExcludeContaining(k, grid);
+    if (command.CommandType == "EXCLUDE_STARTING_WITH") ApplyExcludeStartingWith(k, grid);
+    if (command.CommandType == "EXCLUDE_RANGE") ApplyExcludeRange(k, grid);
     return Commands().CommandHitCount;
   }
+  // The rows of the grid the commands walk.
+  std::shared_ptr<Recordset> grid;
 };
 
 TEST_F(TemplateCommandsTest, ReplaceAllMatchesWholeCellsOnly) {
@@ -90,7 +91,7 @@ TEST_F(TemplateCommandsTest, ReplaceAllTreatsExcludedRowsLikeAllOthers) {
 TEST_F(TemplateCommandsTest, SecondReplaceAllFindsTheTextOfTheFirstInReplay) {
   AddCommand(Replace("12", "A", 1));
   AddCommand(Replace("A", "B", 1));
-  ReplayTemplateCommands();
+  ReplayTemplateCommands(grid);
   EXPECT_EQ(CellOf(1, "c1"), "B");
   EXPECT_EQ(CellOf(4, "c1"), "B");
 }
@@ -133,40 +134,57 @@ TEST_F(TemplateCommandsTest, ReplayRunsCommandsInListOrderSoAReplacementCanMakeA
   TemplateCommand unknown;
   unknown.CommandType = "SOMETHING_ELSE";
   AddCommand(unknown);
-  ReplayTemplateCommands();
+  ReplayTemplateCommands(grid);
   EXPECT_EQ(ExcludedLines(), "1 4 ");
   EXPECT_EQ(Commands().CommandHitCount, 2);
 }
 
 TEST_F(TemplateCommandsTest, ColumnNumberOutsideTheTableRaisesTheStoresError) {
-  EXPECT_EQ(testing::ErrorNumberRaisedBy([] { HitsOf(Replace("12", "X", 31)); }), 3265);
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Replace("12", "X", 31)); }), 3265);
 }
 
 TEST_F(TemplateCommandsTest, IndexOutsideOneToHundredIsASubscriptError) {
   int16_t k = 101;
-  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { ApplyExcludeRange(k); }), 9);
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { ApplyExcludeRange(k, grid); }), 9);
   int16_t zero = 0;
-  EXPECT_THROW(ApplyReplaceAll(zero), RuntimeError);
+  EXPECT_THROW(ApplyReplaceAll(zero, grid), RuntimeError);
+}
+
+TEST_F(TemplateCommandsTest, AGridThatWasNeverBoundIsTheObjectError) {
+  int16_t k = AddCommand(Range(1, 5));
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { ApplyExcludeRange(k, nullptr); }), 91);
+}
+
+TEST_F(TemplateCommandsTest, TheRowsACommandChangesAreRecordedForTheGridsView) {
+  grid->TakeRowChanges();
+  HitsOf(Replace("PINE", "X", 2));
+  const Recordset::RowChanges changes = grid->TakeRowChanges();
+  EXPECT_EQ(changes.firstChanged, 0);
+  EXPECT_EQ(changes.lastChanged, 4);
+  EXPECT_EQ(changes.firstAdded, -1);
+  HitsOf(Range(2, 3));
+  const Recordset::RowChanges excluded = grid->TakeRowChanges();
+  EXPECT_EQ(excluded.firstChanged, 1);
+  EXPECT_EQ(excluded.lastChanged, 2);
 }
 
 TEST_F(TemplateCommandsTest, NullCellFailsExcludeStartingWithOnly) {
   ChangeTableAndReloadTheGrid("update tft set c3 = NULL");
   EXPECT_EQ(HitsOf(Exclude("EXCLUDE_CONTAINING", "", 3)), 0);
   EXPECT_EQ(HitsOf(Replace("", "Z", 3)), 0);
-  EXPECT_EQ(testing::ErrorNumberRaisedBy([] { HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 3)); }), 94);
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 3)); }), 94);
 }
 
 TEST_F(TemplateCommandsTest, TheWalkLeavesTheGridsPositionAlone) {
-  frmHeaders& headers = App().Headers();
-  headers.Adodc1.Recordset->SetBookmark(3);
+  grid->SetBookmark(3);
   HitsOf(Range(1, 5));
-  EXPECT_EQ(headers.Adodc1.Recordset->GetBookmark(), 3);
+  EXPECT_EQ(grid->GetBookmark(), 3);
 }
 
 TEST_F(TemplateCommandsTest, BusyPointerIsRestoredAfterACommand) {
   int16_t k = AddCommand(Range(1, 5));
   ui.busyPointer = true;
-  ApplyExcludeRange(k);
+  ApplyExcludeRange(k, grid);
   EXPECT_FALSE(ui.busyPointer);
 }
 

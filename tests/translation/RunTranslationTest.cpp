@@ -11,9 +11,6 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "screens/Application.h"
-#include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
@@ -39,7 +36,7 @@ class TranslationRun : public testing::FreshProcess {
     FreshProcess::SetUp();
     testing::PutEmptyWorkingTable();
     output = home / "trees.tre";
-    App().Template().lblOutputFile.Caption = output.string();
+    outputPath = output.string();
   }
 
   void TearDown() override {
@@ -83,11 +80,10 @@ class TranslationRun : public testing::FreshProcess {
 
   // What validation leaves for five assigned columns of a five-column table.
   void AssignFiveColumns(const std::string& variant) {
-    frmHeaders& headers = App().Headers();
-    const char* headings[] = {"Plot ID\r\n", "Tree ID\r\n", "Tree Count\r\n", "Species\r\n", "DBH\r\ninches"};
-    for (int i = 1; i <= 5; ++i) headers.ColumnCaption[static_cast<std::size_t>(i)] = headings[i - 1];
-    for (int i = 6; i <= 30; ++i) headers.ColumnCaption[static_cast<std::size_t>(i)] = "? column\r\n? units";
-    headers.cmbVariant.Text = variant;
+    const char* assigned[] = {"Plot ID\r\n", "Tree ID\r\n", "Tree Count\r\n", "Species\r\n", "DBH\r\ninches"};
+    for (int i = 1; i <= 5; ++i) headings[static_cast<std::size_t>(i)] = assigned[i - 1];
+    for (int i = 6; i <= 30; ++i) headings[static_cast<std::size_t>(i)] = "? column\r\n? units";
+    this->variant = variant;
     RunState& run = Run();
     run.ColumnCount = 5;
     for (int16_t* column : {&run.ColPlotId, &run.ColTreeId, &run.ColTreeCount, &run.ColTreeHistory,
@@ -114,7 +110,16 @@ class TranslationRun : public testing::FreshProcess {
     return texts;
   }
 
+  // What the grid screen hands the translation.
+  TranslationRequest Request() const {
+    return {outputPath, variant, IdentifiedColumns(headings, Run().ColumnCount)};
+  }
+  bool Translate() { return RunTranslation(Request()); }
+
   std::filesystem::path output;
+  std::string outputPath;
+  std::string variant;
+  std::array<std::string, 32> headings{};
   long long lines = 0;
 };
 
@@ -123,7 +128,7 @@ const std::vector<std::string> kTree = {"7", "1", "25.5", "df", "12.3"};
 TEST_F(TranslationRun, OutputThatDoesNotExistIsCreatedWithoutAQuestion) {
   AddRows({kTree});
   AssignFiveColumns("NI");
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
   EXPECT_TRUE(ui.appendQuestions.empty());
   EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Translation completed."});
@@ -136,7 +141,7 @@ TEST_F(TranslationRun, OutputThatDoesNotExistIsCreatedWithoutAQuestion) {
 TEST_F(TranslationRun, VariantBcWritesTheMetricRecord) {
   AddRows({kTree});
   AssignFiveColumns("BC");
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), kBcLine + "\r\n");
 }
 
@@ -145,7 +150,7 @@ TEST_F(TranslationRun, VariantsKtAndAkWriteTheImperialRecord) {
   for (const char* variant : {"KT", "AK", ""}) {
     AssignFiveColumns(variant);
     Run().CommandLineMode = true;  // no question about the file of the turn before
-    EXPECT_TRUE(RunTranslation()) << variant;
+    EXPECT_TRUE(Translate()) << variant;
     EXPECT_EQ(ReadFile(output), kUsLine + "\r\n") << variant;
   }
 }
@@ -154,7 +159,7 @@ TEST_F(TranslationRun, RecordChoiceLooksAtTheScreenNotTheSettingsVariant) {
   AddRows({kTree});
   AssignFiveColumns("NI");
   Run().OrvanVariant = "BC";
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
 }
 
@@ -164,7 +169,7 @@ TEST_F(TranslationRun, ExistingOutputAsksAndAppendKeepsTheOldContent) {
   WriteFile(output, "old line\r\n");
   Run().CurrentScreen = "Headers";
   ui.appendChoices.push_back(AppendChoice::Append);
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ui.appendQuestions, std::vector<std::string>{"File already exists.  Append to file, overwrite, or cancel?"});
   EXPECT_EQ(ReadFile(output), "old line\r\n" + kUsLine + "\r\n");
   EXPECT_FALSE(Run().AppendCancelled);
@@ -180,7 +185,7 @@ TEST_F(TranslationRun, AppendFollowsDirectlyOnAFileWithoutALineEnd) {
   AssignFiveColumns("NI");
   WriteFile(output, "no end");
   ui.appendChoices.push_back(AppendChoice::Append);
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), "no end" + kUsLine + "\r\n");
 }
 
@@ -190,7 +195,7 @@ TEST_F(TranslationRun, OverwriteReplacesTheOldContent) {
   WriteFile(output, "old line\r\n");
   Run().AppendToOutput = true;
   ui.appendChoices.push_back(AppendChoice::Overwrite);
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
   EXPECT_FALSE(Run().AppendCancelled);
   EXPECT_FALSE(Run().AppendToOutput);
@@ -203,7 +208,7 @@ TEST_F(TranslationRun, CancelAtTheQuestionWritesNothingAndReturnsFalse) {
   for (AppendChoice choice : {AppendChoice::Cancel, AppendChoice::Closed}) {
     Run().AppendToOutput = true;
     ui.appendChoices.push_back(choice);
-    EXPECT_FALSE(RunTranslation());
+    EXPECT_FALSE(Translate());
     EXPECT_TRUE(Run().AppendCancelled);
     EXPECT_TRUE(Run().AppendToOutput);  // left as it was
     EXPECT_FALSE(Run().TranslationDone);
@@ -220,7 +225,7 @@ TEST_F(TranslationRun, UnattendedRunOverwritesWithoutAQuestionAndSaysNothing) {
   WriteFile(output, "old line\r\n");
   Run().CommandLineMode = true;
   Run().AppendToOutput = true;
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
   EXPECT_TRUE(ui.appendQuestions.empty());
   EXPECT_TRUE(ui.boxes.empty());
@@ -231,7 +236,7 @@ TEST_F(TranslationRun, UnattendedRunOverwritesWithoutAQuestionAndSaysNothing) {
 TEST_F(TranslationRun, BusyWindowCountsTheLinesWritten) {
   AddRows({kTree, {"", "", "", "", ""}, kTree});
   AssignFiveColumns("NI");
-  RunTranslation();
+  Translate();
   EXPECT_EQ(BusyTexts(), (std::vector<std::string>{"Translating line:  0", "Translating line:  1",
                                                    "Translating line:  2"}));
   EXPECT_EQ(ui.busyHides, 1);
@@ -240,7 +245,7 @@ TEST_F(TranslationRun, BusyWindowCountsTheLinesWritten) {
 TEST_F(TranslationRun, EveryRowExcludedMakesAnEmptyFile) {
   AddRows({kTree, kTree}, "Y");
   AssignFiveColumns("NI");
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_TRUE(std::filesystem::exists(output));
   EXPECT_EQ(ReadFile(output), "");
   EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Translation completed."});
@@ -251,7 +256,7 @@ TEST_F(TranslationRun, EveryRowExcludedAddsNothingWhenAppending) {
   AssignFiveColumns("NI");
   WriteFile(output, "old line\r\n");
   ui.appendChoices.push_back(AppendChoice::Append);
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), "old line\r\n");
 }
 
@@ -261,7 +266,7 @@ TEST_F(TranslationRun, ExcludedOtherThanCapitalNSkipsTheRow) {
   AddRows({{"3", "1", "1", "df", "1"}}, "N ");
   AddRows({{"4", "1", "1", "df", "1"}}, "N");
   AssignFiveColumns("NI");
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), "   4  1     1 DF   10" + std::string(38, ' ') + "\r\n");
   EXPECT_EQ(BusyTexts().back(), "Translating line:  1");
 }
@@ -270,7 +275,7 @@ TEST_F(TranslationRun, RowWithDataOnlyInUnassignedColumnsWritesNothing) {
   AddRows({{"", "", "", "", "", "rubbish"}, kTree});
   AssignFiveColumns("NI");
   Run().ColumnCount = 6;
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
   EXPECT_EQ(BusyTexts().back(), "Translating line:  1");
 }
@@ -278,7 +283,7 @@ TEST_F(TranslationRun, RowWithDataOnlyInUnassignedColumnsWritesNothing) {
 TEST_F(TranslationRun, RowWhoseIdentifiedCellsAreAllEmptyWritesNothing) {
   AddRows({{"", "", "", "", ""}});
   AssignFiveColumns("NI");
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), "");
   EXPECT_EQ(BusyTexts(), std::vector<std::string>{"Translating line:  0"});
 }
@@ -287,14 +292,14 @@ TEST_F(TranslationRun, NullCellIsNoData) {
   AddRows({{"", "", "", "", ""}});
   Execute("update tft set c1 = NULL");
   AssignFiveColumns("NI");
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), "");
 }
 
 TEST_F(TranslationRun, CellOfBlanksIsData) {
   AddRows({{" ", "", "", "", ""}});
   AssignFiveColumns("NI");
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), std::string(59, ' ') + "\r\n");
 }
 
@@ -304,15 +309,15 @@ TEST_F(TranslationRun, HeadingWithoutQuestionMarkCountsAsIdentifiedForTheDataTes
   AddRows({{"", "", "", "", "", "x"}});
   AssignFiveColumns("NI");
   Run().ColumnCount = 6;
-  App().Headers().ColumnCaption[6] = "c6";
-  RunTranslation();
+  headings[6] = "c6";
+  Translate();
   EXPECT_EQ(ReadFile(output), std::string(59, ' ') + "\r\n");
 }
 
 TEST_F(TranslationRun, RowsGoOutInTableOrder) {
   AddRows({{"3", "1", "1", "df", "1"}, {"1", "1", "1", "df", "1"}, {"2", "1", "1", "df", "1"}});
   AssignFiveColumns("NI");
-  RunTranslation();
+  Translate();
   const std::string tail = "  1     1 DF   10" + std::string(38, ' ') + "\r\n";
   EXPECT_EQ(ReadFile(output), "   3" + tail + "   1" + tail + "   2" + tail);
 }
@@ -321,16 +326,16 @@ TEST_F(TranslationRun, CancelInTheBusyWindowDoesNotStopTheRun) {
   AddRows({kTree, kTree, kTree});
   AssignFiveColumns("NI");
   ui.onDoEvents = [] { Run().BusyCancelled = true; };
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n" + kUsLine + "\r\n" + kUsLine + "\r\n");
 }
 
 TEST_F(TranslationRun, ImperialFailureIsReportedAndTheRunGoesOnAsIfAllWereWell) {
   AddRows({kTree});
   AssignFiveColumns("NI");
-  App().Template().lblOutputFile.Caption = (home / "no such folder" / "trees.tre").string();
+  outputPath = (home / "no such folder" / "trees.tre").string();
   Run().CurrentScreen = "BusyMessage";
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = BusyMessage\r\n76: Path not found",
                                                   "Translation completed."}));
   EXPECT_TRUE(Run().TranslationDone);
@@ -342,9 +347,9 @@ TEST_F(TranslationRun, ImperialFailureIsReportedAndTheRunGoesOnAsIfAllWereWell) 
 TEST_F(TranslationRun, MetricFailurePassesToTheCaller) {
   AddRows({kTree});
   AssignFiveColumns("BC");
-  App().Template().lblOutputFile.Caption = (home / "no such folder" / "trees.tre").string();
+  outputPath = (home / "no such folder" / "trees.tre").string();
   try {
-    RunTranslation();
+    Translate();
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), 76);
@@ -360,8 +365,8 @@ TEST_F(TranslationRun, UnattendedImperialFailureEndsTheRunWithUntrappedError) {
   AddRows({kTree});
   AssignFiveColumns("NI");
   Run().CommandLineMode = true;
-  App().Template().lblOutputFile.Caption = (home / "no such folder" / "trees.tre").string();
-  EXPECT_THROW(RunTranslation(), ProcessEnded);
+  outputPath = (home / "no such folder" / "trees.tre").string();
+  EXPECT_THROW(Translate(), ProcessEnded);
   EXPECT_EQ(ReadFile(Run().WorkFolder + "result.txt"), "Untrapped error.\r\n");
   EXPECT_FALSE(Run().TranslationDone);
 }
@@ -375,9 +380,9 @@ TEST_F(TranslationRun, ReadOnlyOutputIsAskedAboutAndThenFailsAtTheOpen) {
   WriteFile(readOnly, "old line\r\n");
   ::chmod(readOnly.c_str(), 0444);
   if (::geteuid() == 0) readOnly = "/sys/devices/system/cpu/online";
-  App().Template().lblOutputFile.Caption = readOnly;
+  outputPath = readOnly;
   ui.appendChoices.push_back(AppendChoice::Overwrite);
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(ui.appendQuestions.size(), 1u);
   EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = BusyMessage\r\n75: Path/File access error",
                                                   "Translation completed."}));
@@ -388,14 +393,14 @@ TEST_F(TranslationRun, NextRunAfterAFailureMeetsTheOutputStillOpen) {
   AssignFiveColumns("NI");
   Execute("update tft set c3 = '1e999'");
   Run().CurrentScreen = "BusyMessage";
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ui.Texts().front(), "Error translating file.Module = BusyMessage\r\n6: Overflow");
   EXPECT_TRUE(OutputOpen());
   // The output exists now, but file number 1 is still open: the test open
   // fails, no question, and the writer's open meets the open file.
   ui.boxes.clear();
   Execute("update tft set c3 = '1'");
-  RunTranslation();
+  Translate();
   EXPECT_TRUE(ui.appendQuestions.empty());
   EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = BusyMessage\r\n55: File already open",
                                                   "Translation completed."}));
@@ -405,7 +410,7 @@ TEST_F(TranslationRun, DbhUnitsThatAreNoLengthFailTheAssertion) {
   AddRows({kTree});
   AssignFiveColumns("NI");
   Run().UnitsDbh = "%";
-  EXPECT_THROW(RunTranslation(), ProcessEnded);
+  EXPECT_THROW(Translate(), ProcessEnded);
   EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Assertion failure!"});
 }
 
@@ -414,7 +419,7 @@ TEST_F(TranslationRun, UnattendedAssertionFailureWritesItsResult) {
   AssignFiveColumns("BC");
   Run().CommandLineMode = true;
   Run().UnitsDbh = "? units";
-  EXPECT_THROW(RunTranslation(), ProcessEnded);
+  EXPECT_THROW(Translate(), ProcessEnded);
   EXPECT_EQ(ReadFile(Run().WorkFolder + "result.txt"), "Assertion failure.\r\n");
 }
 
@@ -422,10 +427,10 @@ TEST_F(TranslationRun, OtherUnknownUnitsLeaveTheirFieldsBlank) {
   AddRows({{"7", "1", "25.5", "df", "12.3", "80"}});
   AssignFiveColumns("NI");
   Run().ColumnCount = 6;
-  App().Headers().ColumnCaption[6] = "Total Height\r\n? units";
+  headings[6] = "Total Height\r\n? units";
   Run().ColTotalHeight = 6;
   Run().UnitsTotalHeight = "? units";
-  RunTranslation();
+  Translate();
   EXPECT_EQ(ReadFile(output), kUsLine + "\r\n");
 }
 
@@ -441,7 +446,7 @@ class TranslationRunAtTheLineLimit : public TranslationRun {
 TEST_F(TranslationRunAtTheLineLimit, MetricRunFailsWithOverflowAfterRecord32768) {
   AssignFiveColumns("BC");
   try {
-    RunTranslation();
+    Translate();
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), err::Overflow);
@@ -457,7 +462,7 @@ TEST_F(TranslationRunAtTheLineLimit, MetricRunFailsWithOverflowAfterRecord32768)
 TEST_F(TranslationRunAtTheLineLimit, ImperialRunReportsTheOverflow) {
   AssignFiveColumns("NI");
   Run().CurrentScreen = "BusyMessage";
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(std::filesystem::file_size(output), 32768u * (59 + 2));
   EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Error translating file.Module = BusyMessage\r\n6: Overflow",
                                                   "Translation completed."}));
@@ -467,7 +472,7 @@ TEST_F(TranslationRun, ExactlyTheLineLimitTranslates) {
   AddRows(std::vector<std::vector<std::string>>(32767, kTree));
   AddRows({{"", "", "", "", ""}});
   AssignFiveColumns("NI");
-  EXPECT_TRUE(RunTranslation());
+  EXPECT_TRUE(Translate());
   EXPECT_EQ(std::filesystem::file_size(output), 32767u * 61);
   EXPECT_EQ(BusyTexts().back(), "Translating line:  32767");
   EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Translation completed."});

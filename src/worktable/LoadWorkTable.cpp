@@ -1,4 +1,4 @@
-#include "worktable/PrepareDatabase.h"
+#include "worktable/LoadWorkTable.h"
 
 #include <array>
 #include <cerrno>
@@ -10,16 +10,11 @@
 #include <string_view>
 
 #include "input/PullColumns.h"
-#include "screens/Application.h"
-#include "screens/frmColumns.h"
-#include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "shell/Busy.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
-#include "templates/TemplateCommands.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/InputLines.h"
 
@@ -150,59 +145,14 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
 
 }  // namespace
 
-void CreateColumnsTable() {
-  frmColumns& columns = App().Columns();
-  if (columns.optFixedWidth.Value) {
-    Markers().Sort();
-    columns.RefreshColumnPreview();
-  }
-  const ColumnFormat format = columns.Format();
-  const std::string inputPath = App().Template().lblInputFile.Caption;
-  if (inputPath != NoInputFileMarker) LoadLines(inputPath, format);
-  HideBusy();
+void ReplaceWorkingDatabase(const std::function<void(const char*)>& trace) {
+  DeleteWorkingDatabase();
+  trace("FileCopy sAppDir emptytft.mdb");
+  CopyEmptyDatabase();
 }
 
-void PrepareDatabase() {
-  RunState& run = Run();
-  try {
-    if (!run.CommandLineMode) UI().SetBusyPointer(true);
-    bool replay = false;
-    run.BusyCancelled = false;
-    if (run.ReloadNeeded) {
-      App().UnloadHeaders();
-      UI().DoEvents();
-      // The grid screen leaves the working database open; the old file can
-      // only be replaced once the engine has let it go.
-      CloseDatabase();
-      DeleteWorkingDatabase();
-      run.TraceStep = "FileCopy sAppDir emptytft.mdb";
-      CopyEmptyDatabase();
-      run.TraceStep = "OpenDatabase";
-      OpenDatabase();
-      run.TraceStep = "CreateColumnsTable";
-      CreateColumnsTable();
-      run.TraceStep = "Call CloseDatabase";
-      CloseDatabase();
-      run.TraceStep = "Call CloseDatabase-END";
-      if (run.BusyCancelled) {
-        // The rows so far stay; the next Next loads everything again.
-        if (!run.CommandLineMode) UI().SetBusyPointer(false);
-        return;
-      }
-      run.ReloadNeeded = false;
-      replay = true;
-    }
-    run.TraceStep = "Load frmHeaders";
-    App().Headers();
-    run.TraceStep = "Load frmHeaders-END";
-    UI().DoEvents();
-    if (replay) ReplayTemplateCommands();
-    if (!run.CommandLineMode) UI().SetBusyPointer(false);
-  } catch (const std::exception& failure) {
-    const RuntimeError error = AsRuntimeError(failure);
-    ShowMessage("Error preparing database\r\n" + std::to_string(error.number()) + " - '" + error.description() +
-                "'\r\nLine: " + run.TraceStep);
-  }
+void LoadInputLines(const std::string& inputPath, const ColumnFormat& format) {
+  if (inputPath != NoInputFileMarker) LoadLines(inputPath, format);
 }
 
 }  // namespace corvalin

@@ -1,7 +1,7 @@
 // A working table for tests: a fresh TFT.mdb from the empty database, rows
 // inserted as the load would insert them (every cell text, Excluded "N"
-// unless told), and helpers to read the table back and to load frmHeaders
-// over it.
+// unless told), helpers to read the table back, and the grid's row set over
+// it as the grid binds it.
 #pragma once
 
 #include <cstdint>
@@ -10,9 +10,6 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "screens/Application.h"
-#include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 #include "templates/TemplateCommands.h"
@@ -35,7 +32,7 @@ class TableFixture : public FreshProcess {
     ResetSpeciesCodes();
   }
   void TearDown() override {
-    App().UnloadAll();
+    ResetForTest();
     CloseDatabase();
     TftRecords().reset();
     ResetCommands();
@@ -45,6 +42,8 @@ class TableFixture : public FreshProcess {
 
   // A new TFT.mdb holding these rows; ColumnCount is raised to the widest row.
   void MakeTable(const std::vector<TableRow>& rows) {
+    // A table made again replaces the file: the old one is let go first.
+    CloseDatabase();
     PutEmptyWorkingTable();
     OpenDatabase();
     for (const TableRow& row : rows) {
@@ -89,20 +88,19 @@ class TableFixture : public FreshProcess {
     return lines;
   }
 
-  // The bookmark of a line's row in the grid's row set.
-  static Recordset::Bookmark BookmarkOfLine(frmHeaders& headers, int line) {
-    auto rows = headers.Adodc1.Recordset->Clone();
+  // The bookmark of a line's row in a row set.
+  static Recordset::Bookmark BookmarkOfLine(const std::shared_ptr<Recordset>& rowSet, int line) {
+    auto rows = rowSet->Clone();
     rows->MoveFirst();
     rows->Find("LineNum = " + std::to_string(line));
     return rows->GetBookmark();
   }
 
-  // Loads frmHeaders over the table (its load steps only). The first screen
-  // is loaded before it, as in the program, whose own load would otherwise
-  // unload the grid screen while it loads.
-  static frmHeaders& LoadHeaders() {
-    App().Template();
-    return App().Headers();
+  // A row set of every row, as the grid binds it when it shows excluded rows.
+  static std::shared_ptr<Recordset> GridRows() {
+    OpenDatabase();
+    DatabaseEngine().SQLString("SELECT * FROM tft");
+    return DatabaseEngine().RetreiveRecords();
   }
 
   // Adds a command to the list in force and returns its index.

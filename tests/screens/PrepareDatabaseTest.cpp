@@ -18,7 +18,7 @@
 #include "shell/RunState.h"
 #include "shell/Settings.h"
 #include "templates/TemplateCommands.h"
-#include "worktable/PrepareDatabase.h"
+#include "screens/PrepareDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {

@@ -1,0 +1,63 @@
+// The Qt side of the view contract: a top-level window that draws one screen
+// controller. It is told when its screen is shown, hidden, changed and
+// unloaded (screens/ScreenView.h), redraws from the controller's state only
+// then, and sends the person's actions to the controller's events through
+// Fire, so that each of them ends by bringing every view up to date. When its
+// screen is unloaded it deletes itself once control is back in Qt's loop.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+
+#include "screens/ScreenView.h"
+
+class QEventLoop;
+
+namespace corvalin {
+
+class Screen;
+
+class ScreenWindow : public QWidget, public ScreenView {
+  Q_OBJECT
+
+ public:
+  explicit ScreenWindow(Screen& screen, QWidget* parent = nullptr);
+  ~ScreenWindow() override;
+
+  // The contract.
+  void Shown() override;
+  void Hidden() override;
+  void Changed(const ScreenChanges& changes) override;
+  void Unloaded() override;
+  void RunModal() override;
+
+  // Runs an event of the controller as one event of the person.
+  static void Fire(const std::function<void()>& event);
+
+  // The screen drawn, or null once it is unloaded.
+  Screen* DrawnScreen() const { return screen_; }
+
+ signals:
+  // For tests: the window drew its screen's state again.
+  void Redrawn();
+
+ protected:
+  // Draws what the changes name; Shown draws everything.
+  virtual void Redraw(const ScreenChanges& changes) = 0;
+  // The window is placed where its screen says (Left and Top, in pixels),
+  // or centred on the screen when the screen has no place yet; a move by the
+  // person is kept in the screen.
+  void moveEvent(QMoveEvent* event) override;
+
+ private:
+  void Place();
+
+  Screen* screen_;
+  QPointer<QEventLoop> modalLoop_;
+};
+
+// Everything changed: what Shown draws.
+ScreenChanges AllChanged();
+
+}  // namespace corvalin

@@ -1,0 +1,24 @@
+#include "worktable/WorkState.h"
+
+#include "columns/SpeciesCodes.h"
+#include "input/ColumnFormat.h"
+#include "shell/AppUtil.h"
+#include "shell/RunState.h"
+#include "shell/TextFile.h"
+#include "templates/TemplateCommands.h"
+#include "worktable/clsDBEngine.h"
+
+namespace corvalin {
+
+void ResetWorkState() {
+  CloseDatabase();
+  TftRecords().reset();
+  ResetRunState();
+  ResetMarkers();
+  ResetCommands();
+  ResetSpeciesCodes();
+  ForgetFilesLeftOpen();
+  SetWorkingDirectoryCaption("");
+}
+
+}  // namespace corvalin
