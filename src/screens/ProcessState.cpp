@@ -7,6 +7,7 @@ namespace corvalin {
 
 void ResetProcessState() {
   App().UnloadAll();
+  App().ViewFactory = nullptr;
   ResetWorkState();
 }
 

@@ -19,6 +19,14 @@ bool CloseAsQuit(CloseReason reason) {
   return false;
 }
 
+namespace {
+int gAlive = 0;
+}  // namespace
+
+Screen::Screen() { ++gAlive; }
+Screen::~Screen() { --gAlive; }
+int Screen::Alive() { return gAlive; }
+
 void Screen::Show() {
   visible_ = true;
   if (view_ != nullptr) {

@@ -26,8 +26,8 @@ bool CloseAsQuit(CloseReason reason);
 
 class Screen : public ModalWindow {
  public:
-  Screen() = default;
-  ~Screen() override = default;
+  Screen();
+  ~Screen() override;
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
@@ -64,6 +64,10 @@ class Screen : public ModalWindow {
   // drawn state whose fingerprint differs, and what the screen's grid
   // recorded. Each call starts a new count.
   ScreenChanges TakeChanges();
+
+  // How many screens exist in the process (loaded, or unloaded and not yet
+  // destroyed): what a leak of unloaded screens would show.
+  static int Alive();
 
  protected:
   // Feeds what the view draws of the screen's own controls; a screen adds
