@@ -2,16 +2,22 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <vector>
 
 #include "columns/CellRules.h"
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
+#include "screens/FileDialogChoice.h"
 #include "screens/StateDigest.h"
+#include "screens/frmHeaders.h"
+#include "screens/frmMain.h"
 #include "screens/frmSlf.h"
+#include "shell/AppUtil.h"
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
+#include "shell/Toolkit.h"
 #include "standlist/StandLevelFile.h"
 #include "standlist/VariantTables.h"
 
@@ -259,6 +265,120 @@ std::string BuildRecordLine(frmSlfRecord& d) {
   }
 }
 
+// --- the file choices of records A and D
+
+FileDialogRequest TreeDataSetDialog() {
+  FileDialogRequest dialog;
+  dialog.title = std::string(ApplicationTitle) + TreeDataSetDialogTitle;
+  dialog.filter = Run().DefaultOutputFileExtension + TreeDataSetDialogFilter;
+  dialog.filterIndex = 1;
+  dialog.flags = kOutputDialogFlags;
+  dialog.save = true;
+  return dialog;
+}
+
+FileDialogRequest AddFileDialog() {
+  FileDialogRequest dialog;
+  dialog.title = std::string(ApplicationTitle) + AddFileDialogTitle;
+  dialog.filter = AddFileDialogFilter;
+  dialog.filterIndex = 1;
+  dialog.flags = kInputDialogFlags;
+  return dialog;
+}
+
+// Replaces the selected add file by the one chosen in the dialog. The button
+// trims the start folder for the dialog and compares the choice with the old
+// file name; the double click does neither and compares with the last name
+// of the shared data set dialog, so any choice replaces the entry.
+enum class ChangeWay { Button, DoubleClick };
+void ChangeAddFile(frmSlfRecord& d, ChangeWay way) {
+  ListControl& list = d.lstDataSetNames;
+  std::string& entry = list.Items.at(static_cast<std::size_t>(list.ListIndex));
+  const std::string path = ExpandWorkPath(entry);
+  const std::string oldName = FileNameOf(path);
+  FileDialogRequest dialog = AddFileDialog();
+  dialog.fileName = oldName;
+  dialog.initialFolder = way == ChangeWay::Button ? TrimFolderEnd(FileFolderOf(path)) : FileFolderOf(path);
+  const std::string chosen = ChooseFile(dialog);
+  const std::string& compared = way == ChangeWay::Button ? oldName : MainForm().cmnDataSetFileDialog.fileName;
+  if (chosen.empty() || chosen == compared) return;
+  entry = ShortenWorkPath(chosen);
+}
+
+// --- opening a stand list line
+
+// Shows the row a look-up found, or, when none matched, keeps the token in
+// the combo's edit box so that a code outside the list survives the next
+// writing.
+void ShowListField(ListControl& combo, int row, const std::string& token) {
+  if (row >= 0) {
+    combo.Select(row);
+  } else {
+    combo.ListIndex = -1;
+    combo.Text = token;
+  }
+}
+
+void FillRecordA(frmSlfRecord& d, const std::string& line) {
+  const StandRecordA record = ReadRecordA(line);
+  d.cmbStandIdentificationCode1.Text = record.code;
+  d.lblTreeDataSet.SetCaption(record.treeDataSet);
+  d.optPlotBasedSiteDataYes.Value = record.withPointData;
+  d.optNo.Value = !record.withPointData;
+  const auto boxes = d.VariantBoxes();
+  // A tag ticks its box; a box is never cleared by reading.
+  for (int i = 0; i < kVariantCount; ++i)
+    if (record.variants[static_cast<std::size_t>(i)]) boxes[static_cast<std::size_t>(i)]->Value = 1;
+}
+
+void FillRecordB(frmSlfRecord& d, const std::string& line) {
+  const StandRecordB record = ReadRecordB(line);
+  const auto token = [&](int number) -> const std::string& {
+    return record.values[static_cast<std::size_t>(number - kRecordBFirstValueToken)];
+  };
+  d.cmbStandIdentificationCode2.Text = record.code;
+  d.txtInventoryYear.Text = token(3);
+  d.txtLatitude.Text = token(4);
+  d.txtLongitude.Text = token(5);
+  ShowListField(d.cmbLocation, LastRowWithNumber(d.cmbLocation.Items, token(6), RecordBStoredWidth(6)), token(6));
+  ShowListField(d.cmbHabitatType, LastRowWithNumber(d.cmbHabitatType.Items, token(7), RecordBStoredWidth(7)),
+                token(7));
+  d.txtStandOrigin.Text = token(8);
+  d.txtAspect.Text = token(9);
+  d.txtSlope.Text = token(10);
+  d.txtElevation.Text = token(11);
+  d.txtBasalAreaFactor.Text = token(12);
+  d.txtInverseOfFixedPlotSize.Text = token(13);
+  d.txtBreakpointDbh.Text = token(14);
+  d.txtNumberOfPlots.Text = token(15);
+  d.txtNumberOfStockablePlots.Text = token(16);
+  d.txtStandSamplingWeight.Text = token(17);
+  d.txtStockablePercent.Text = token(18);
+  ShowListField(d.cmbDiameterGrowthTranslationCode,
+                LastRowWithFirstCharacter(d.cmbDiameterGrowthTranslationCode.Items, token(19)), token(19));
+  d.txtDiameterGrowthMeasurePeriod.Text = token(20);
+  ShowListField(d.cmbHeightGrowthTranslationCode,
+                LastRowWithFirstCharacter(d.cmbHeightGrowthTranslationCode.Items, token(21)), token(21));
+  d.txtHeightGrowthMeasurementPeriod.Text = token(22);
+  d.txtMortalityMeasurementPeriod.Text = token(23);
+  d.txtMaximumBasalArea.Text = token(24);
+  d.txtMaximumStandDensityIndex.Text = token(25);
+  ShowListField(d.cmbSiteSpecies, LastRowWithSpeciesCode(d.cmbSiteSpecies.Items, token(26)), token(26));
+  d.txtSiteIndex.Text = token(27);
+}
+
+void FillRecordC(frmSlfRecord& d, const std::string& line) {
+  const StandRecordC record = ReadRecordC(line);
+  d.cmbStandIdentificationCode3.Text = record.code;
+  d.txtGroupCodes.Text += record.groupCodes;
+}
+
+void FillRecordD(frmSlfRecord& d, const std::string& line) {
+  const StandRecordD record = ReadRecordD(line);
+  d.cmbStandIdentificationCode4.Text = record.code;
+  for (const std::string& file : record.addFiles) d.lstDataSetNames.AddItem(file);
+}
+
 }  // namespace
 
 void frmSlfRecord::Form_Load() {
@@ -428,6 +548,107 @@ void frmSlfRecord::DescribeControls(StateDigest& digest) const {
   digest << lblStandIdentificationCode3 << cmbStandIdentificationCode3 << lblGroupCodes << txtGroupCodes
          << lblStandIdentificationCode4 << cmbStandIdentificationCode4 << lblDataSetNames << lstDataSetNames << cmdAdd
          << cmdSelectDataSetFile << cmdDelete;
+}
+
+// ---------------------------------------------------------------- file choices
+
+void frmSlfRecord::cmdSelect_Click() {
+  RunEvent([&] {
+    const std::string old = lblTreeDataSet.Caption;
+    FileDialogRequest dialog = TreeDataSetDialog();
+    if (old.empty() || old == BareGroundCaption) {
+      dialog.initialFolder = TrimFolderEnd(WorkingDirectoryCaption());
+    } else {
+      dialog.initialFolder = TrimFolderEnd(FileFolderOf(old));
+      dialog.fileName = FileNameOf(old);
+    }
+    const std::string chosen = ChooseFile(dialog);
+    if (chosen.empty() || chosen == FileNameOf(old)) return;
+    lblTreeDataSet.SetCaption(chosen);
+  });
+}
+
+void frmSlfRecord::cmdBareGround_Click() {
+  RunEvent([&] { lblTreeDataSet.SetCaption(BareGroundCaption); });
+}
+
+void frmSlfRecord::cmdAdd_Click() {
+  RunEvent([&] {
+    FileDialogRequest dialog = AddFileDialog();
+    // The working directory caption is that of lblWorkingDirectory on
+    // frmTemplate.
+    dialog.initialFolder = WorkingDirectoryCaption();
+    const std::string chosen = ChooseFile(dialog);
+    if (!chosen.empty()) lstDataSetNames.AddItem(ShortenWorkPath(chosen));
+  });
+}
+
+void frmSlfRecord::cmdDelete_Click() {
+  RunEvent([&] {
+    ListControl& list = lstDataSetNames;
+    if (list.ListIndex < 0) {
+      ShowMessage("No Add File selected.");
+      return;
+    }
+    const int removed = list.ListIndex;
+    list.Items.erase(list.Items.begin() + removed);
+    if (list.ListCount() == 0)
+      list.Select(-1);
+    else
+      list.Select(removed > 0 ? removed - 1 : 0);
+  });
+}
+
+void frmSlfRecord::cmdSelectDataSetFile_Click() {
+  RunEvent([&] {
+    if (lstDataSetNames.ListIndex < 0) {
+      ShowMessage("No Add file selected.");
+      return;
+    }
+    ChangeAddFile(*this, ChangeWay::Button);
+  });
+}
+
+void frmSlfRecord::lstDataSetNames_DblClick() {
+  RunEvent([&] { ChangeAddFile(*this, ChangeWay::DoubleClick); });
+}
+
+// ---------------------------------------------------------------- opening a line
+
+void FillVariantLists() {
+  // The species rows follow the variant of the grid screen. A run that only
+  // edits files never loads that screen, and loading it here would open the
+  // working table, so its variant then reads as empty, as it would on a
+  // screen that was never activated.
+  const std::string headersVariant = App().HeadersLoaded() ? App().Headers().cmbVariant.Text : std::string();
+  frmSlfRecord& dialog = App().SlfRecord();
+  dialog.cmbSiteSpecies.Clear();
+  for (const std::string& row : SiteSpeciesRows(headersVariant)) dialog.cmbSiteSpecies.AddItem(row);
+  // The location rows follow the variant of the stand list screen and are
+  // added behind those already there.
+  for (const std::string& row : LocationRows(App().Slf().cmbVariant.Text)) dialog.cmbLocation.AddItem(row);
+}
+
+void EditStandRecord(const std::string& line) {
+  const char type = line.empty() ? '\0' : static_cast<char>(std::toupper(static_cast<unsigned char>(line[0])));
+  if (type < 'A' || type > 'D') {
+    ShowMessage(InvalidSlfRecordMessage);
+    return;
+  }
+  UI().SetBusyPointer(true);
+  frmSlfRecord& dialog = App().SlfRecord();
+  UI().SetBusyPointer(false);
+  switch (type) {
+    case 'A': FillRecordA(dialog, line); break;
+    case 'B': FillRecordB(dialog, line); break;
+    case 'C': FillRecordC(dialog, line); break;
+    default: FillRecordD(dialog, line); break;
+  }
+  const int tab = type - 'A';
+  dialog.tabSlfRecords.TabEnabled = {tab == 0, tab == 1, tab == 2, tab == 3};
+  dialog.tabSlfRecords.Tab = tab;
+  dialog.SetActiveRecordTab(tab);
+  App().ShowModal(dialog);
 }
 
 }  // namespace corvalin

@@ -35,22 +35,6 @@ std::string_view Cell(const RowCells& cells, int16_t column) {
   return cells[static_cast<std::size_t>(column)];
 }
 
-std::string Right(const RowCells& cells, int16_t column, int width) {
-  return column == -1 ? UnassignedField(width) : RightTextField(Cell(cells, column), width);
-}
-
-std::string Number(const RowCells& cells, int16_t column, int width, int decimals, double factor) {
-  return column == -1 ? UnassignedField(width) : NumberField(Cell(cells, column), width, decimals, factor);
-}
-
-std::string Slope(const RowCells& cells, int16_t column, int width, bool isPercent) {
-  return column == -1 ? UnassignedField(width) : SlopeField(Cell(cells, column), width, isPercent);
-}
-
-std::string CrownRatio(const RowCells& cells, int16_t column, std::string_view units) {
-  return column == -1 ? UnassignedField(1) : CrownRatioField(Cell(cells, column), units);
-}
-
 RecordSetup ColumnsOf(const RunState& state) {
   RecordSetup setup;
   setup.PlotId = state.ColPlotId;
@@ -77,21 +61,6 @@ RecordSetup ColumnsOf(const RunState& state) {
   setup.SlopeIsPercent = state.UnitsPlotSlope == "%";
   setup.UnitsCrownRatio = state.UnitsCrownRatio;
   return setup;
-}
-
-// The tail shared by both records: crown ratio to site preparation.
-void AppendCommonTail(std::string& record, const RecordSetup& s, const RowCells& cells, int slopeWidth) {
-  record += CrownRatio(cells, s.CrownRatio, s.UnitsCrownRatio);
-  record += Right(cells, s.Damage1, 4);
-  record += Right(cells, s.Damage2, 4);
-  record += Right(cells, s.Damage3, 4);
-  record += Right(cells, s.TreeValue, 1);
-  record += Right(cells, s.Prescription, 1);
-  record += Slope(cells, s.PlotSlope, slopeWidth, s.SlopeIsPercent);
-  record += Right(cells, s.PlotAspect, 3);
-  record += Right(cells, s.HabitatType, 3);
-  record += Right(cells, s.TopoPosition, 1);
-  record += Right(cells, s.SitePreparation, 1);
 }
 
 }  // namespace
@@ -220,38 +189,121 @@ RecordSetup UsRecordSetup(const RunState& state) {
   return setup;
 }
 
-std::string BcRecord(const RecordSetup& s, const RowCells& cells) {
+namespace {
+
+// How a field is written from its cell.
+enum class Form : uint8_t {
+  Right,       // R(w): right-justified text
+  RightUpper,  // R(w) in capitals
+  LeftUpper,   // L(w) in capitals
+  Number,      // N(w,d) times the factor of its units
+  Slope,       // S(w)
+  CrownRatio,  // C: one character, or the code as typed
+};
+
+// The unit factor a number field is multiplied by.
+enum class Scale : uint8_t { None, Dbh, DbhInc, TotalHeight, TopkillHeight, HeightInc };
+
+struct Field {
+  int16_t RecordSetup::*column;
+  Form form;
+  int width;
+  int decimals = 0;
+  Scale scale = Scale::None;
+};
+
+// The metric record of the "BC" variant, 77 characters, field by field.
+constexpr std::array<Field, 21> kBcLayout = {{
+    // column                          form               width  dec  scale
+    {&RecordSetup::PlotId,             Form::Right,        13},
+    {&RecordSetup::TreeId,             Form::Right,         4},
+    {&RecordSetup::TreeCount,          Form::Number,        8,    3},
+    {&RecordSetup::TreeHistory,        Form::Right,         1},
+    {&RecordSetup::Species,            Form::RightUpper,    2},
+    {&RecordSetup::Dbh,                Form::Number,        5,    1,  Scale::Dbh},
+    {&RecordSetup::DbhInc,             Form::Number,        4,    1,  Scale::DbhInc},
+    {&RecordSetup::TotalHeight,        Form::Number,        4,    1,  Scale::TotalHeight},
+    {&RecordSetup::TopkillHeight,      Form::Number,        4,    1,  Scale::TopkillHeight},
+    {&RecordSetup::HeightInc,          Form::Number,        6,    1,  Scale::HeightInc},
+    {&RecordSetup::CrownRatio,         Form::CrownRatio,    1},
+    {&RecordSetup::Damage1,            Form::Right,         4},
+    {&RecordSetup::Damage2,            Form::Right,         4},
+    {&RecordSetup::Damage3,            Form::Right,         4},
+    {&RecordSetup::TreeValue,          Form::Right,         1},
+    {&RecordSetup::Prescription,       Form::Right,         1},
+    {&RecordSetup::PlotSlope,          Form::Slope,         3},
+    {&RecordSetup::PlotAspect,         Form::Right,         3},
+    {&RecordSetup::HabitatType,        Form::Right,         3},
+    {&RecordSetup::TopoPosition,       Form::Right,         1},
+    {&RecordSetup::SitePreparation,    Form::Right,         1},
+}};
+
+// The imperial record of the U.S. variants, 59 characters, field by field.
+constexpr std::array<Field, 21> kUsLayout = {{
+    // column                          form               width  dec  scale
+    {&RecordSetup::PlotId,             Form::Right,         4},
+    {&RecordSetup::TreeId,             Form::Right,         3},
+    {&RecordSetup::TreeCount,          Form::Number,        6,    0},
+    {&RecordSetup::TreeHistory,        Form::Right,         1},
+    {&RecordSetup::Species,            Form::LeftUpper,     3},
+    {&RecordSetup::Dbh,                Form::Number,        4,    0,  Scale::Dbh},
+    {&RecordSetup::DbhInc,             Form::Number,        3,    0,  Scale::DbhInc},
+    {&RecordSetup::TotalHeight,        Form::Number,        3,    0,  Scale::TotalHeight},
+    {&RecordSetup::TopkillHeight,      Form::Number,        3,    0,  Scale::TopkillHeight},
+    {&RecordSetup::HeightInc,          Form::Number,        4,    0,  Scale::HeightInc},
+    {&RecordSetup::CrownRatio,         Form::CrownRatio,    1},
+    {&RecordSetup::Damage1,            Form::Right,         4},
+    {&RecordSetup::Damage2,            Form::Right,         4},
+    {&RecordSetup::Damage3,            Form::Right,         4},
+    {&RecordSetup::TreeValue,          Form::Right,         1},
+    {&RecordSetup::Prescription,       Form::Right,         1},
+    {&RecordSetup::PlotSlope,          Form::Slope,         2},
+    {&RecordSetup::PlotAspect,         Form::Right,         3},
+    {&RecordSetup::HabitatType,        Form::Right,         3},
+    {&RecordSetup::TopoPosition,       Form::Right,         1},
+    {&RecordSetup::SitePreparation,    Form::Right,         1},
+}};
+
+double FactorOf(const RecordSetup& s, Scale scale) {
+  switch (scale) {
+    case Scale::None: return 1;
+    case Scale::Dbh: return s.Factors.Dbh;
+    case Scale::DbhInc: return s.Factors.DbhInc;
+    case Scale::TotalHeight: return s.Factors.TotalHeight;
+    case Scale::TopkillHeight: return s.Factors.TopkillHeight;
+    case Scale::HeightInc: return s.Factors.HeightInc;
+  }
+  return 1;
+}
+
+// One field of the record: blanks of its width when its type has no column
+// (the crown ratio's is one blank, its width).
+std::string FieldText(const Field& field, const RecordSetup& s, const RowCells& cells) {
+  const int16_t column = s.*field.column;
+  if (column == -1) return UnassignedField(field.width);
+  const std::string_view cell = Cell(cells, column);
+  switch (field.form) {
+    case Form::Right: return RightTextField(cell, field.width);
+    case Form::RightUpper: return ToUpper(RightTextField(cell, field.width));
+    case Form::LeftUpper: return ToUpper(LeftTextField(cell, field.width));
+    case Form::Number: return NumberField(cell, field.width, field.decimals, FactorOf(s, field.scale));
+    case Form::Slope: return SlopeField(cell, field.width, s.SlopeIsPercent);
+    case Form::CrownRatio: return CrownRatioField(cell, s.UnitsCrownRatio);
+  }
+  return UnassignedField(field.width);
+}
+
+std::string RecordOf(const std::array<Field, 21>& layout, int length, const RecordSetup& s, const RowCells& cells) {
   std::string record;
-  record.reserve(kBcRecordLength + 8);
-  record += Right(cells, s.PlotId, 13);
-  record += Right(cells, s.TreeId, 4);
-  record += Number(cells, s.TreeCount, 8, 3, 1);
-  record += Right(cells, s.TreeHistory, 1);
-  record += ToUpper(Right(cells, s.Species, 2));
-  record += Number(cells, s.Dbh, 5, 1, s.Factors.Dbh);
-  record += Number(cells, s.DbhInc, 4, 1, s.Factors.DbhInc);
-  record += Number(cells, s.TotalHeight, 4, 1, s.Factors.TotalHeight);
-  record += Number(cells, s.TopkillHeight, 4, 1, s.Factors.TopkillHeight);
-  record += Number(cells, s.HeightInc, 6, 1, s.Factors.HeightInc);
-  AppendCommonTail(record, s, cells, 3);
+  record.reserve(static_cast<std::size_t>(length) + 8);
+  for (const Field& field : layout) record += FieldText(field, s, cells);
   return record;
 }
 
-std::string UsRecord(const RecordSetup& s, const RowCells& cells) {
-  std::string record;
-  record.reserve(kUsRecordLength + 8);
-  record += Right(cells, s.PlotId, 4);
-  record += Right(cells, s.TreeId, 3);
-  record += Number(cells, s.TreeCount, 6, 0, 1);
-  record += Right(cells, s.TreeHistory, 1);
-  record += ToUpper(s.Species == -1 ? UnassignedField(3) : LeftTextField(Cell(cells, s.Species), 3));
-  record += Number(cells, s.Dbh, 4, 0, s.Factors.Dbh);
-  record += Number(cells, s.DbhInc, 3, 0, s.Factors.DbhInc);
-  record += Number(cells, s.TotalHeight, 3, 0, s.Factors.TotalHeight);
-  record += Number(cells, s.TopkillHeight, 3, 0, s.Factors.TopkillHeight);
-  record += Number(cells, s.HeightInc, 4, 0, s.Factors.HeightInc);
-  AppendCommonTail(record, s, cells, 2);
-  return record;
-}
+}  // namespace
+
+std::string BcRecord(const RecordSetup& s, const RowCells& cells) { return RecordOf(kBcLayout, kBcRecordLength, s, cells); }
+
+std::string UsRecord(const RecordSetup& s, const RowCells& cells) { return RecordOf(kUsLayout, kUsRecordLength, s, cells); }
 
 }  // namespace corvalin
