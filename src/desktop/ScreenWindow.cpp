@@ -1,6 +1,7 @@
 #include "desktop/ScreenWindow.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QMoveEvent>
@@ -56,6 +57,13 @@ void ScreenWindow::moveEvent(QMoveEvent* event) {
   }
 }
 
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+  // The screen decides whether its window goes: the window follows its
+  // Hidden or Unloaded.
+  event->ignore();
+  if (screen_ != nullptr) Fire([this] { screen_->DismissAsCancelled(); });
+}
+
 void ScreenWindow::Shown() {
   Redraw(AllChanged());
   emit Redrawn();
@@ -76,6 +84,7 @@ void ScreenWindow::Changed(const ScreenChanges& changes) {
 }
 
 void ScreenWindow::Unloaded() {
+  if (screen_ != nullptr && screen_->View() == this) screen_->Attach(nullptr);
   screen_ = nullptr;
   hide();
   if (modalLoop_) modalLoop_->quit();

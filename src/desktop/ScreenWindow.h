@@ -49,6 +49,9 @@ class ScreenWindow : public QWidget, public ScreenView {
   // or centred on the screen when the screen has no place yet; a move by the
   // person is kept in the screen.
   void moveEvent(QMoveEvent* event) override;
+  // The close box of a dialog is its Cancel; a wizard screen asks the quit
+  // question instead (its window says so).
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void Place();

@@ -193,5 +193,58 @@ TEST_F(RecordsetTest, AnEditedRowKeepsItsOtherCellsAndNulls) {
   EXPECT_EQ(again->Text("c1"), "r1");
 }
 
+TEST_F(RecordsetTest, AnyRowsCellIsReadByBookmarkWithoutMovingOrCopying) {
+  rs().MoveFirst();
+  const int c1 = rs().RequireField("c1");
+  EXPECT_EQ(rs().CellAt(3, c1).value(), "r4");
+  EXPECT_FALSE(rs().CellAt(1, rs().RequireField("c3")).has_value());
+  // The row set stays where it was.
+  EXPECT_EQ(rs().GetBookmark(), 0);
+  // The view points into the rows themselves: the same bytes on every read.
+  EXPECT_EQ(rs().CellAt(3, c1)->data(), rs().CellAt(3, c1)->data());
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { (void)rs().CellAt(5, c1); }), 3021);
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([&] { (void)rs().CellAt(0, 40); }), 3265);
+}
+
+TEST_F(RecordsetTest, ANewRowIsAddedAtTheEndAndUpdateInsertsItIntoTheTable) {
+  rs().TakeRowChanges();
+  rs().AddNew();
+  EXPECT_EQ(rs().RecordCount(), 6);
+  EXPECT_EQ(rs().GetBookmark(), 5);
+  EXPECT_FALSE(rs().Value("LineNum").has_value());
+  rs().SetValue("LineNum", "6");
+  rs().SetValue("c1", "r6");
+  rs().SetValue("Excluded", "N");
+  rs().Update();
+  const Recordset::RowChanges changes = rs().TakeRowChanges();
+  EXPECT_EQ(changes.firstAdded, 5);
+  EXPECT_EQ(changes.lastAdded, 5);
+  EXPECT_EQ(changes.firstChanged, -1);
+  auto row = RowOfLine(6);
+  row->MoveFirst();
+  ASSERT_FALSE(row->IsEOF());
+  EXPECT_EQ(row->Text("c1"), "r6");
+  // A later edit of the new row changes the row the table now holds.
+  rs().SetValue("c2", "edited");
+  rs().Update();
+  auto again = RowOfLine(6);
+  again->MoveFirst();
+  EXPECT_EQ(again->Text("c2"), "edited");
+  EXPECT_EQ(again->RecordCount(), 1);
+}
+
+TEST_F(RecordsetTest, EditsAreRecordedAsTheRangeOfRowsTheyTouched) {
+  rs().TakeRowChanges();
+  auto clone = rs().Clone();
+  for (long bookmark : {3L, 1L}) {
+    clone->SetBookmark(bookmark);
+    clone->SetValue("c2", "x");
+  }
+  const Recordset::RowChanges changes = rs().TakeRowChanges();
+  EXPECT_EQ(changes.firstChanged, 1);
+  EXPECT_EQ(changes.lastChanged, 3);
+  EXPECT_EQ(rs().TakeRowChanges().firstChanged, -1);
+}
+
 }  // namespace
 }  // namespace corvalin
