@@ -9,7 +9,7 @@ BUILD ?= build
 ARGS ?=
 GENERATOR ?= Ninja
 
-.PHONY: all deps configure build run test sanitize bench fuzz install clean
+.PHONY: all deps configure build run test sanitize bench fuzz screenshots install clean
 
 all: build
 
@@ -60,6 +60,13 @@ fuzz:
 	  -DCORVALIN_BENCH=OFF -DBUILD_TESTING=OFF
 	cmake --build $(FUZZ_BUILD)
 	./tools/run-fuzz.sh $(FUZZ_BUILD) $(FUZZ_SECONDS) $(FUZZ_JOBS) $(FUZZ_TARGETS)
+
+# The screenshot tour under a virtual display: a PNG of each screen into
+# docs/screenshots/ (tools/screenshots.sh); SCENE=20 runs the scenes whose
+# names begin so.
+SCENE ?=
+screenshots: build
+	./tools/screenshots.sh $(BUILD) $(SCENE)
 
 # make install PREFIX=/opt/corvalin
 PREFIX ?= /usr/local
