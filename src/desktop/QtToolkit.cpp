@@ -22,6 +22,7 @@
 #include <cstdlib>
 
 #include "shell/RunState.h"
+#include "shell/ScratchFiles.h"
 
 namespace corvalin {
 
@@ -252,6 +253,7 @@ bool QtToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) 
 void QtToolkit::Beep() { QApplication::beep(); }
 
 void QtToolkit::EndProcess(int exitCode) {
+  RemoveScratchFiles();
   std::fflush(nullptr);
   std::_Exit(exitCode);
 }

@@ -7,6 +7,7 @@
 #include "shell/RunState.h"
 #include "shell/TextFile.h"
 #include "templates/TemplateCommands.h"
+#include "worktable/WorkingDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -15,6 +16,7 @@ void ResetProcessState() {
   App().UnloadAll();
   CloseDatabase();
   TftRecords().reset();
+  ForgetPrivateWorkingDatabase();
   ResetRunState();
   ResetMarkers();
   ResetCommands();

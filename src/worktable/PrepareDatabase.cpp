@@ -22,6 +22,7 @@
 #include "templates/TemplateCommands.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/InputLines.h"
+#include "worktable/WorkingDatabase.h"
 
 namespace corvalin {
 
@@ -70,13 +71,15 @@ class RowInserts {
   }
 }
 
-// A fresh TFT.mdb: a copy of the pristine empty database, made writable.
+// A fresh working database: a copy of the pristine empty one, made writable.
 void CopyEmptyDatabase() {
   namespace fs = std::filesystem;
   const fs::path source = Run().InstallFolder + EmptyDatabaseName;
-  const fs::path target = Run().DataFolder + WorkingDatabaseName;
   std::error_code ec;
   if (!fs::exists(source, ec)) Raise(err::FileNotFound, "PrepareDatabase");
+  // An unattended run works on a database of its own (WorkingDatabase.h).
+  if (Run().CommandLineMode) MakePrivateWorkingDatabase();
+  const fs::path target = WorkingDatabasePath(WorkingDatabaseName);
   fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
   if (ec) RaiseFileError(ec, "PrepareDatabase");
   fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read,
@@ -84,10 +87,12 @@ void CopyEmptyDatabase() {
   if (ec) RaiseFileError(ec, "PrepareDatabase");
 }
 
-// The old working database goes, read-only or not.
+// The old working database goes, read-only or not. A run's own database is
+// nobody else's and is simply written over.
 void DeleteWorkingDatabase() {
   namespace fs = std::filesystem;
-  const std::string path = ResolveFileNameCase(Run().DataFolder + WorkingDatabaseName);
+  if (Run().CommandLineMode || WorkingDatabaseIsPrivate()) return;
+  const std::string path = ResolveFileNameCase(WorkingDatabasePath(WorkingDatabaseName));
   std::error_code ec;
   if (!fs::exists(path, ec)) return;
   fs::remove(path, ec);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -19,6 +21,7 @@
 #include "shell/Settings.h"
 #include "templates/TemplateCommands.h"
 #include "worktable/PrepareDatabase.h"
+#include "worktable/WorkingDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -61,7 +64,9 @@ class LoadTable : public testing::FreshProcess {
     FreshProcess::TearDown();
   }
 
-  fs::path Database() const { return home / "Data" / "TFT.mdb"; }
+  // The working database the load fills: TFT.mdb of the Data folder, or an
+  // unattended run's own.
+  static fs::path Database() { return WorkingDatabasePath(WorkingDatabaseName); }
 
   // The input file named on frmTemplate, and frmColumns loaded over it.
   frmColumns& Input(const std::string& text) {
@@ -200,6 +205,47 @@ TEST_F(LoadTable, UnattendedRunShowsNoBusyWindow) {
   EXPECT_TRUE(ui.busyWindow.empty());
   EXPECT_EQ(ui.busyHides, 0);
   EXPECT_EQ(RowCount(), 2);
+}
+
+// Runs started together and a wizard open beside them each keep their own
+// table: the unattended run leaves the wizard's TFT.mdb alone.
+TEST_F(LoadTable, UnattendedRunLoadsADatabaseOfItsOwnAndLeavesTheWizardsAlone) {
+  testing::WriteFile(home / "Data" / "TFT.mdb", "the wizard's table");
+  Input("a\r\nb\r\n");
+  Run().CommandLineMode = true;
+  PrepareDatabase();
+  EXPECT_EQ(testing::ReadFile(home / "Data" / "TFT.mdb"), "the wizard's table");
+  const fs::path own = Database();
+  EXPECT_EQ(own.parent_path(), home / "Data");
+  EXPECT_EQ(own.filename().string().rfind("TFT-", 0), 0u) << own;
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a"}), Expected(2, {"b"})}));
+  CloseDatabase();
+  TftRecords().reset();
+  ForgetPrivateWorkingDatabase();
+  EXPECT_FALSE(fs::exists(own));
+}
+
+// What a killed run left is cleared by the next one; the database of a run
+// that is still going stays.
+TEST_F(LoadTable, UnattendedRunClearsTheDatabasesOfKilledRuns) {
+  const pid_t gone = ::fork();
+  if (gone == 0) ::_exit(0);
+  ::waitpid(gone, nullptr, 0);
+  char host[256] = {};
+  ::gethostname(host, sizeof host - 1);
+  std::string hostName = host;
+  for (char& c : hostName)
+    if (c == '-') c = '_';
+  const std::string prefix = "TFT-" + hostName + "-";
+  const fs::path left = home / "Data" / (prefix + std::to_string(gone) + "-abcdef.mdb");
+  const fs::path going = home / "Data" / (prefix + std::to_string(::getppid()) + "-ghijkl.mdb");
+  testing::WriteFile(left, "left");
+  testing::WriteFile(going, "going");
+  Input("a\r\n");
+  Run().CommandLineMode = true;
+  PrepareDatabase();
+  EXPECT_FALSE(fs::exists(left));
+  EXPECT_TRUE(fs::exists(going));
 }
 
 TEST_F(LoadTable, FileOf32767LinesLoads) {
