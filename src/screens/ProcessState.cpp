@@ -7,6 +7,7 @@
 #include "shell/RunState.h"
 #include "shell/TextFile.h"
 #include "templates/TemplateCommands.h"
+#include "worktable/RunInput.h"
 #include "worktable/WorkingDatabase.h"
 #include "worktable/clsDBEngine.h"
 
@@ -17,6 +18,7 @@ void ResetProcessState() {
   CloseDatabase();
   TftRecords().reset();
   ForgetPrivateWorkingDatabase();
+  ForgetRunInput();
   ResetRunState();
   ResetMarkers();
   ResetCommands();

@@ -1,8 +1,6 @@
 #include "screens/frmTemplate.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <vector>
 
@@ -17,6 +15,7 @@
 #include "shell/Settings.h"
 #include "shell/ShellPath.h"
 #include "shell/Text.h"
+#include "worktable/RunInput.h"
 
 namespace corvalin {
 
@@ -25,18 +24,13 @@ namespace {
 constexpr const char* kSection = "Corvalin";
 constexpr const char* kTemplateExtension = ".cnv";
 
-// Opening a file for input and closing it again: the test of a path. Fails
-// with the run-time error of the reason.
+// Opening a file for input: the test of a path. Fails with the run-time
+// error of the reason. A pipe or a FIFO is left open for the preview and the
+// load: opened a second time, it would have lost what its writer put in for
+// this open.
 void TestOpenForInput(const std::string& path) {
   if (IsDirectory(path)) Raise(err::PathFileAccess, "frmTemplate");
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (file == nullptr) {
-    const int reason = errno;
-    if (reason == ENOENT) Raise(err::FileNotFound, "frmTemplate");
-    if (reason == EACCES || reason == EPERM) Raise(err::PermissionDenied, "frmTemplate");
-    Raise(err::PathFileAccess, "frmTemplate");
-  }
-  std::fclose(file);
+  KeepRunInput(path, OpenRunInputAtStart(path));
 }
 
 // The template files of the Work folder, in a stable order: by name without

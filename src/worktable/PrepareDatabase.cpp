@@ -21,7 +21,7 @@
 #include "shell/Toolkit.h"
 #include "templates/TemplateCommands.h"
 #include "worktable/clsDBEngine.h"
-#include "worktable/InputLines.h"
+#include "worktable/RunInput.h"
 #include "worktable/WorkingDatabase.h"
 
 namespace corvalin {
@@ -109,10 +109,39 @@ void RefuseNullCharacter(std::string_view line, int16_t lineNumber) {
         "Input line " + std::to_string(lineNumber) + " holds a null character: the file is not plain text");
 }
 
-// Loads the lines of the input into tft with one prepared insert.
+// A line too long to count its character positions ends the load, in
+// either column mode, as the delimited split would end it.
+void RefuseLineTooLong(std::string_view line) {
+  if (line.size() > kLongestInputLine) Raise(err::Overflow, "CreateColumnsTable");
+}
+
+// The input's lines, one at a time: when the preview already took the first
+// lines from a stream that cannot be read again, those come from the
+// preview, and the rest from where the preview stopped.
+class LoadLinesSource {
+ public:
+  explicit LoadLinesSource(const std::string& path) : input_(OpenRunInput(path)) {
+    if (input_.linesTaken == 0) input_.lines.SkipByteOrderMark();
+  }
+  bool AtEnd() { return taken_ >= input_.linesTaken && input_.lines.AtEnd(); }
+  void Next(std::string_view& line) {
+    if (taken_ < input_.linesTaken) {
+      line = Run().InputPreview.at(static_cast<std::size_t>(taken_++));
+      return;
+    }
+    input_.lines.Next(line);
+  }
+
+ private:
+  RunInput input_;
+  int16_t taken_ = 0;
+};
+
+// Loads the lines of the input into tft with one prepared insert. The
+// limits are checked line by line as the input is read, so an endless or
+// huge input is answered at its first fault, in bounded memory.
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
-  InputLines input(inputPath);
-  input.SkipByteOrderMark();
+  LoadLinesSource input(inputPath);
   const LineSplitter splitter(format);
   ParsedLine parsed;
   clsDBEngine& engine = DatabaseEngine();
@@ -133,6 +162,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       ShowBusy(kBusyTitle, busyText);
       input.Next(line);
       RefuseNullCharacter(line, lineNumber);
+      RefuseLineTooLong(line);
       splitter.Split(line, parsed);
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
       PreparedStatement& insert = inserts.For(parsed.Count);

@@ -281,6 +281,55 @@ TEST_F(LoadTable, LineWithANullCharacterStopsTheLoadAndNamesTheLine) {
   EXPECT_TRUE(Run().ReloadNeeded);
 }
 
+// A line of 32,767 characters cannot be counted in either column mode: in
+// fixed width mode too the load ends there, and reads nothing past it.
+TEST_F(LoadTable, LineTooLongToCountEndsAFixedWidthLoadInOverflow) {
+  SaveSetting(SettingsApplication, "Corvalin", "FixedWidth", "YES");
+  SaveSetting(SettingsApplication, "Corvalin", "NumMarkers", "1");
+  SaveSetting(SettingsApplication, "Corvalin", "FixedMarker1", "2");
+  Input("p1DF\r\n" + std::string(32766, 'x') + "\r\n" + std::string(32767, 'y') + "\r\np2WH\r\n");
+  PrepareDatabase();
+  EXPECT_EQ(ui.Texts(),
+            (std::vector<std::string>{"Error preparing database\r\n6 - 'Overflow'\r\nLine: CreateColumnsTable"}));
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1], Expected(2, {"xx", std::string(100, 'x')}));
+}
+
+// A pipe can be read once: the lines the preview took from it come from the
+// preview, the rest from where the preview stopped.
+TEST_F(LoadTable, PipeLoadsTheLinesThePreviewTookAndTheRest) {
+  std::string text;
+  for (int n = 1; n <= 1500; ++n) text += std::to_string(n) + ",x\r\n";
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::close(ends[0]);
+    std::size_t done = 0;
+    while (done < text.size()) {
+      const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
+      if (n <= 0) ::_exit(1);
+      done += static_cast<std::size_t>(n);
+    }
+    ::_exit(0);
+  }
+  ::close(ends[1]);
+  App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
+  App().Columns();
+  ::close(ends[0]);  // the program holds its own open of the pipe
+  EXPECT_EQ(Run().InputPreviewCount, 999);
+  PrepareDatabase();
+  int status = 0;
+  ::waitpid(writer, &status, 0);
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 1500u);
+  EXPECT_EQ(rows[998], Expected(999, {"999", "x"}));
+  EXPECT_EQ(rows[999], Expected(1000, {"1000", "x"}));
+  EXPECT_EQ(rows.back(), Expected(1500, {"1500", "x"}));
+}
+
 TEST_F(LoadTable, ByteOrderMarkOfASpreadsheetExportIsNoPartOfTheFirstCell) {
   Input("\xEF\xBB\xBF" "p1,1,DF,12.5\r\np1,2,WH,8\r\n");
   // Neither the preview nor the table shows it.
