@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "screens/Application.h"
+#include "screens/RunFiles.h"
 #include "screens/frmMain.h"
 #include "shell/AppUtil.h"
 #include "shell/Error.h"
@@ -81,20 +82,26 @@ struct FileLabel {
   const char* cannotOpen;
   FileCheck check;
   UnloadReaders unloadReaders;
+  // The reason a file the run itself uses is refused here, or none.
+  std::string (*refusal)(const std::string&) = nullptr;
 };
 
 // What a file label does with its new caption. An empty caption leaves the
-// file unset; the partner's file is refused with a message and then
-// refuseSame; the "no input file" marker is no file and changes nothing. Any
-// failure leaves the file unset and the label red, with cannotOpen shown.
+// file unset; the partner's file, under any name, is refused with a message
+// and then refuseSame, and so is a file the run itself uses; the "no input
+// file" marker is no file and changes nothing. Any failure leaves the file
+// unset and the label red, with cannotOpen shown.
 template <typename RefuseSame>
 void TakeFileLabel(frmTemplate& screen, const FileLabel& file, RefuseSame refuseSame) {
   try {
     const std::string& caption = file.label.Caption;
     if (caption.empty()) {
       file.valid = false;
-    } else if (caption == file.partner.Caption) {
+    } else if (SameFile(caption, file.partner.Caption)) {
       ShowMessage(file.sameAsPartner);
+      refuseSame();
+    } else if (const std::string reason = file.refusal ? file.refusal(caption) : ""; !reason.empty()) {
+      ShowMessage(reason);
       refuseSame();
     } else if (file.check == FileCheck::NameOnly || caption != NoInputFileMarker) {
       if (file.check == FileCheck::OpenForInput) TestOpenForInput(caption);
@@ -296,7 +303,7 @@ void frmTemplate::lblInputFile_Change() {
 void frmTemplate::lblOutputFile_Change() {
   TakeFileLabel(*this,
                 {lblOutputFile, lblInputFile, Run().OutputFileValid, "Input and output cannot be the same file.",
-                 "Can't open output file.", FileCheck::NameOnly, UnloadGridScreens},
+                 "Can't open output file.", FileCheck::NameOnly, UnloadGridScreens, OutputRefusal},
                 [this] { lblOutputFile.SetCaption(""); });
 }
 
@@ -336,6 +343,13 @@ void frmTemplate::cmbTemplate_Click() {
     if (!run.RefreshingTemplateList) {
       App().UnloadColumns();
       App().UnloadHeaders();
+    }
+    // The output was checked before this template was chosen.
+    if (run.OutputFileValid) {
+      if (const std::string reason = OutputTemplateRefusal(lblOutputFile.Caption); !reason.empty()) {
+        ShowMessage(reason);
+        lblOutputFile.SetCaption("");
+      }
     }
     UpdateNextButtons();
   });
