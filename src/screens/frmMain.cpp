@@ -134,8 +134,8 @@ void InitRunDefaults() {
   run.TranslationDone = false;
   run.StandListSaved = false;
   run.LocationFileSaved = false;
-  run.DataFolder = GetSetting(SettingsApplication, "Common", "DataDir", "");
-  run.WorkFolder = GetSetting(SettingsApplication, "Common", "WorkDir", "");
+  run.DataFolder = FolderOfSetting(GetSetting(SettingsApplication, "Common", "DataDir", ""));
+  run.WorkFolder = FolderOfSetting(GetSetting(SettingsApplication, "Common", "WorkDir", ""));
 }
 
 namespace {
