@@ -22,17 +22,6 @@ using testing::ProgramRun;
 
 class PipedInput : public testing::TreeListRun {
  protected:
-  static std::string Trees(int count) {
-    std::string text;
-    for (int n = 1; n <= count; ++n) text += std::to_string(n / 1000 + 1) + "," + std::to_string(n % 1000) + ",1,DF,25.4\r\n";
-    return text;
-  }
-  static std::string TreeListOf(int count) {
-    std::string text;
-    for (int n = 1; n <= count; ++n) text += Record(n / 1000 + 1, n % 1000, "DF", 254);
-    return text;
-  }
-
   // Runs "<input> out.tre trees" from the run folder with standard input
   // from the descriptor given.
   ProgramRun RunOn(const std::string& input, int standardInput = -1) {
@@ -53,6 +42,16 @@ class PipedInput : public testing::TreeListRun {
     fs::remove(home / "Work/result.txt");
     return answer;
   }
+  // A pipe of count trees, named by input, gives every tree.
+  void ExpectEveryTreeThrough(const std::string& input, int count) {
+    Feeder feeder(Trees(count), false);
+    const ProgramRun run = RunOn(input, feeder.readEnd());
+    EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(TreeList(), TreeListOf(count));
+    EXPECT_TRUE(feeder.Finished());
+  }
   void ExpectSameAs(const Answer& file, const ProgramRun& run) {
     EXPECT_EQ(Result(), file.result);
     EXPECT_EQ(run.errors, file.errors);
@@ -63,23 +62,9 @@ class PipedInput : public testing::TreeListRun {
 
 // More lines than the preview of the column format holds, and more bytes
 // than a pipe buffers: every tree reaches the tree list.
-TEST_F(PipedInput, StandardInputGivesEveryTreeOfALongFile) {
-  Feeder feeder(Trees(5000), false);
-  const ProgramRun run = RunOn("/dev/stdin", feeder.readEnd());
-  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
-  EXPECT_EQ(run.errors, "");
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(TreeList(), TreeListOf(5000));
-  EXPECT_TRUE(feeder.Finished());
-}
+TEST_F(PipedInput, StandardInputGivesEveryTreeOfALongFile) { ExpectEveryTreeThrough("/dev/stdin", 5000); }
 
-TEST_F(PipedInput, StandardInputGivesEveryTreeOfAShortFile) {
-  Feeder feeder(Trees(3), false);
-  const ProgramRun run = RunOn("/dev/stdin", feeder.readEnd());
-  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(TreeList(), TreeListOf(3));
-}
+TEST_F(PipedInput, StandardInputGivesEveryTreeOfAShortFile) { ExpectEveryTreeThrough("/dev/stdin", 3); }
 
 TEST_F(PipedInput, FifoGivesEveryTree) {
   const fs::path fifo = home / "run" / "trees.fifo";
@@ -93,12 +78,7 @@ TEST_F(PipedInput, FifoGivesEveryTree) {
 }
 
 // A descriptor of the caller's own, as a shell's process substitution gives it.
-TEST_F(PipedInput, DescriptorPathGivesEveryTree) {
-  Feeder feeder(Trees(1500), false);
-  const ProgramRun run = RunOn("/dev/fd/0", feeder.readEnd());
-  EXPECT_EQ(Result(), "TRANSLATION SUCCESSFUL\r\n") << run.errors;
-  EXPECT_EQ(TreeList(), TreeListOf(1500));
-}
+TEST_F(PipedInput, DescriptorPathGivesEveryTree) { ExpectEveryTreeThrough("/dev/fd/0", 1500); }
 
 // The failures of a pipe are those of a file: a null character on line 1500,
 // past the preview, and a line end on the first line's byte order mark.

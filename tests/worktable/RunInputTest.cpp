@@ -18,6 +18,19 @@ class RunInputHandOver : public testing::FreshProcess {
   }
 };
 
+// A pipe holding text, its writing end closed, opened by the file check
+// and kept; its path.
+std::string CheckedPipe(const std::string& text) {
+  int ends[2];
+  if (::pipe(ends) != 0) return "";
+  if (::write(ends[1], text.data(), text.size()) != static_cast<ssize_t>(text.size())) return "";
+  ::close(ends[1]);
+  const std::string path = "/proc/self/fd/" + std::to_string(ends[0]);
+  KeepRunInput(path, OpenRunInputAtStart(path));
+  ::close(ends[0]);  // the kept input holds an open of its own
+  return path;
+}
+
 std::string NextLine(RunInput& input) {
   std::string_view line;
   input.lines.Next(line);
@@ -27,13 +40,7 @@ std::string NextLine(RunInput& input) {
 // A pipe is opened once: the step after the check reads from the open the
 // check made, and the load goes on where the preview stopped.
 TEST_F(RunInputHandOver, PipeIsHandedOnWhereTheStepBeforeStopped) {
-  int ends[2];
-  ASSERT_EQ(::pipe(ends), 0);
-  ASSERT_EQ(::write(ends[1], "1\n2\n3\n", 6), 6);
-  ::close(ends[1]);
-  const std::string path = "/proc/self/fd/" + std::to_string(ends[0]);
-  KeepRunInput(path, OpenRunInputAtStart(path));
-  ::close(ends[0]);
+  const std::string path = CheckedPipe("1\n2\n3\n");
   RunInput preview = OpenRunInputAtStart(path);
   EXPECT_EQ(NextLine(preview), "1");
   preview.linesTaken = 1;
@@ -60,13 +67,7 @@ TEST_F(RunInputHandOver, RegularFileIsOpenedAnewByEachStep) {
 
 // A stream kept for another path is no stream of this one.
 TEST_F(RunInputHandOver, StreamOfAnotherPathIsLetGo) {
-  int ends[2];
-  ASSERT_EQ(::pipe(ends), 0);
-  ASSERT_EQ(::write(ends[1], "p\n", 2), 2);
-  ::close(ends[1]);
-  const std::string pipePath = "/proc/self/fd/" + std::to_string(ends[0]);
-  KeepRunInput(pipePath, OpenRunInputAtStart(pipePath));
-  ::close(ends[0]);
+  ASSERT_FALSE(CheckedPipe("p\n").empty());
   const auto path = (home / "trees.csv").string();
   testing::WriteFile(path, "f\n");
   RunInput input = OpenRunInput(path);
