@@ -37,15 +37,19 @@ std::string NextLine(RunInput& input) {
   return std::string(line);
 }
 
-// A pipe is opened once: the step after the check reads from the open the
-// check made, and the load goes on where the preview stopped.
-TEST_F(RunInputHandOver, PipeIsHandedOnWhereTheStepBeforeStopped) {
-  const std::string path = CheckedPipe("1\n2\n3\n");
+// The preview takes line 1 and keeps the input; then the load opens it.
+RunInput LoadAfterAPreviewOfOneLine(const std::string& path) {
   RunInput preview = OpenRunInputAtStart(path);
   EXPECT_EQ(NextLine(preview), "1");
   preview.linesTaken = 1;
   KeepRunInput(path, std::move(preview));
-  RunInput load = OpenRunInput(path);
+  return OpenRunInput(path);
+}
+
+// A pipe is opened once: the step after the check reads from the open the
+// check made, and the load goes on where the preview stopped.
+TEST_F(RunInputHandOver, PipeIsHandedOnWhereTheStepBeforeStopped) {
+  RunInput load = LoadAfterAPreviewOfOneLine(CheckedPipe("1\n2\n3\n"));
   EXPECT_EQ(load.linesTaken, 1);
   EXPECT_EQ(NextLine(load), "2");
   EXPECT_EQ(NextLine(load), "3");
@@ -56,11 +60,7 @@ TEST_F(RunInputHandOver, PipeIsHandedOnWhereTheStepBeforeStopped) {
 TEST_F(RunInputHandOver, RegularFileIsOpenedAnewByEachStep) {
   const auto path = (home / "trees.csv").string();
   testing::WriteFile(path, "1\n2\n");
-  RunInput preview = OpenRunInputAtStart(path);
-  EXPECT_EQ(NextLine(preview), "1");
-  preview.linesTaken = 1;
-  KeepRunInput(path, std::move(preview));
-  RunInput load = OpenRunInput(path);
+  RunInput load = LoadAfterAPreviewOfOneLine(path);
   EXPECT_EQ(load.linesTaken, 0);
   EXPECT_EQ(NextLine(load), "1");
 }
