@@ -23,6 +23,7 @@
 
 #include "screens/Screen.h"
 #include "shell/RunState.h"
+#include "shell/ScratchFiles.h"
 
 namespace corvalin {
 
@@ -259,6 +260,7 @@ bool QtToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) 
 void QtToolkit::Beep() { QApplication::beep(); }
 
 void QtToolkit::EndProcess(int exitCode) {
+  RemoveScratchFiles();
   std::fflush(nullptr);
   std::_Exit(exitCode);
 }

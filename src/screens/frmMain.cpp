@@ -18,7 +18,7 @@
 #include "shell/ShellPath.h"
 #include "shell/Text.h"
 #include "templates/TemplateCommands.h"
-#include "worktable/InputLines.h"
+#include "worktable/RunInput.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -138,26 +138,20 @@ void InitRunDefaults() {
   run.TranslationDone = false;
   run.StandListSaved = false;
   run.LocationFileSaved = false;
-  run.DataFolder = GetSetting(SettingsApplication, "Common", "DataDir", "");
-  run.WorkFolder = GetSetting(SettingsApplication, "Common", "WorkDir", "");
+  run.DataFolder = FolderOfSetting(GetSetting(SettingsApplication, "Common", "DataDir", ""));
+  run.WorkFolder = FolderOfSetting(GetSetting(SettingsApplication, "Common", "WorkDir", ""));
 }
 
 namespace {
 
-// Reads one input line: it ends at CR, CR LF or LF. False at the end of the file.
-bool ReadLine(std::FILE* file, std::string& line) {
-  line.clear();
-  int c = std::fgetc(file);
-  if (c == EOF) return false;
-  while (c != EOF && c != '\r' && c != '\n') {
-    line += static_cast<char>(c);
-    c = std::fgetc(file);
+// The input for the preview, from its first line. A failed open reads as a
+// file not found, whatever the reason.
+RunInput OpenPreviewInput(const std::string& path) {
+  try {
+    return OpenRunInputAtStart(path);
+  } catch (const RuntimeError&) {
+    Raise(err::FileNotFound, "ReadInputPreview");
   }
-  if (c == '\r') {
-    const int next = std::fgetc(file);
-    if (next != '\n' && next != EOF) std::ungetc(next, file);
-  }
-  return true;
 }
 
 }  // namespace
@@ -170,16 +164,18 @@ void ReadInputPreview() {
     run.InputPreviewCount = 0;
     if (path != NoInputFileMarker) {
       if (IsDirectory(path)) Raise(err::PathFileAccess, "ReadInputPreview");
-      std::FILE* file = std::fopen(path.c_str(), "rb");
-      if (file == nullptr) Raise(err::FileNotFound, "ReadInputPreview");
-      SkipByteOrderMark(file);
-      std::string line;
-      // The rest of a longer file matters only to the load of the working table.
-      while (run.InputPreviewCount < kMaxPreviewLines && ReadLine(file, line)) {
-        run.InputPreview.push_back(line);
+      RunInput input = OpenPreviewInput(path);
+      input.lines.SkipByteOrderMark();
+      std::string_view line;
+      // The rest of a longer file matters only to the load of the working
+      // table, which takes a pipe's further lines from where this stops.
+      while (run.InputPreviewCount < kMaxPreviewLines && !input.lines.AtEnd()) {
+        input.lines.Next(line);
+        run.InputPreview.emplace_back(line);
         run.InputPreviewCount = Inc16(run.InputPreviewCount);
       }
-      std::fclose(file);
+      input.linesTaken = run.InputPreviewCount;
+      KeepRunInput(path, std::move(input));
     }
     run.InputPreviewLoaded = true;
   } catch (const std::exception& error) {

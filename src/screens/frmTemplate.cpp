@@ -1,12 +1,11 @@
 #include "screens/frmTemplate.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <vector>
 
 #include "screens/Application.h"
+#include "screens/RunFiles.h"
 #include "screens/StateDigest.h"
 #include "screens/frmMain.h"
 #include "shell/AppUtil.h"
@@ -18,6 +17,7 @@
 #include "shell/Settings.h"
 #include "shell/ShellPath.h"
 #include "shell/Text.h"
+#include "worktable/RunInput.h"
 
 namespace corvalin {
 
@@ -26,18 +26,13 @@ namespace {
 constexpr const char* kSection = "Corvalin";
 constexpr const char* kTemplateExtension = ".cnv";
 
-// Opening a file for input and closing it again: the test of a path. Fails
-// with the run-time error of the reason.
+// Opening a file for input: the test of a path. Fails with the run-time
+// error of the reason. A pipe or a FIFO is left open for the preview and the
+// load: opened a second time, it would have lost what its writer put in for
+// this open.
 void TestOpenForInput(const std::string& path) {
   if (IsDirectory(path)) Raise(err::PathFileAccess, "frmTemplate");
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (file == nullptr) {
-    const int reason = errno;
-    if (reason == ENOENT) Raise(err::FileNotFound, "frmTemplate");
-    if (reason == EACCES || reason == EPERM) Raise(err::PermissionDenied, "frmTemplate");
-    Raise(err::PathFileAccess, "frmTemplate");
-  }
-  std::fclose(file);
+  KeepRunInput(path, OpenRunInputAtStart(path));
 }
 
 // The template files of the Work folder, in a stable order: by name without
@@ -88,20 +83,26 @@ struct FileLabel {
   const char* cannotOpen;
   FileCheck check;
   UnloadReaders unloadReaders;
+  // The reason a file the run itself uses is refused here, or none.
+  std::string (*refusal)(const std::string&) = nullptr;
 };
 
 // What a file label does with its new caption. An empty caption leaves the
-// file unset; the partner's file is refused with a message and then
-// refuseSame; the "no input file" marker is no file and changes nothing. Any
-// failure leaves the file unset and the label red, with cannotOpen shown.
+// file unset; the partner's file, under any name, is refused with a message
+// and then refuseSame, and so is a file the run itself uses; the "no input
+// file" marker is no file and changes nothing. Any failure leaves the file
+// unset and the label red, with cannotOpen shown.
 template <typename RefuseSame>
 void TakeFileLabel(frmTemplate& screen, const FileLabel& file, RefuseSame refuseSame) {
   try {
     const std::string& caption = file.label.Caption;
     if (caption.empty()) {
       file.valid = false;
-    } else if (caption == file.partner.Caption) {
+    } else if (SameFile(caption, file.partner.Caption)) {
       ShowMessage(file.sameAsPartner);
+      refuseSame();
+    } else if (const std::string reason = file.refusal ? file.refusal(caption) : ""; !reason.empty()) {
+      ShowMessage(reason);
       refuseSame();
     } else if (file.check == FileCheck::NameOnly || caption != NoInputFileMarker) {
       if (file.check == FileCheck::OpenForInput) TestOpenForInput(caption);
@@ -303,7 +304,7 @@ void frmTemplate::lblInputFile_Change() {
 void frmTemplate::lblOutputFile_Change() {
   TakeFileLabel(*this,
                 {lblOutputFile, lblInputFile, Run().OutputFileValid, "Input and output cannot be the same file.",
-                 "Can't open output file.", FileCheck::NameOnly, UnloadGridScreens},
+                 "Can't open output file.", FileCheck::NameOnly, UnloadGridScreens, OutputRefusal},
                 [this] { lblOutputFile.SetCaption(""); });
 }
 
@@ -343,6 +344,13 @@ void frmTemplate::cmbTemplate_Click() {
     if (!run.RefreshingTemplateList) {
       App().UnloadColumns();
       App().UnloadHeaders();
+    }
+    // The output was checked before this template was chosen.
+    if (run.OutputFileValid) {
+      if (const std::string reason = OutputTemplateRefusal(lblOutputFile.Caption); !reason.empty()) {
+        ShowMessage(reason);
+        lblOutputFile.SetCaption("");
+      }
     }
     UpdateNextButtons();
   });

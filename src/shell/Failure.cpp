@@ -1,5 +1,8 @@
 #include "shell/Failure.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <iostream>
 #include <new>
@@ -7,6 +10,7 @@
 
 #include "shell/EventScope.h"
 #include "shell/RunState.h"
+#include "shell/ScratchFiles.h"
 #include "shell/Settings.h"
 #include "shell/Toolkit.h"
 
@@ -24,15 +28,36 @@ void ShowMessage(const std::string& text) {
   UI().Message({text, Buttons::OK, Icon::None, "", 1});
 }
 
+namespace {
+
+// Puts the line in the result file whole. It is written to a file of this
+// run's own beside it, which then takes the result file's name: a calling
+// program never reads a half-written line, and of runs ending at the same
+// moment one whole line is left, never a mix. A result file that the run
+// may not write keeps its line, as a file written in place would.
+bool ReplaceResultFile(const std::string& path, const std::string& line) {
+  if (::access(path.c_str(), F_OK) == 0 && ::access(path.c_str(), W_OK) != 0) return false;
+  std::string scratch = path + ".XXXXXX";
+  const int fd = ::mkstemp(scratch.data());
+  if (fd < 0) return false;
+  RemoveWhenProcessEnds(scratch);
+  // Readable as a file the run had created itself.
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  bool ok = ::fchmod(fd, 0666 & ~mask) == 0;
+  ok = ok && ::write(fd, line.data(), line.size()) == static_cast<ssize_t>(line.size());
+  ok = (::close(fd) == 0) && ok;
+  ok = ok && std::rename(scratch.c_str(), path.c_str()) == 0;
+  if (!ok) ::unlink(scratch.c_str());
+  KeepWhenProcessEnds(scratch);
+  return ok;
+}
+
+}  // namespace
+
 void WriteResult(const std::string& text) {
   const std::string path = Run().WorkFolder + ResultFileName;
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  bool ok = file != nullptr;
-  if (ok) {
-    const std::string line = text + "\r\n";
-    ok = std::fwrite(line.data(), 1, line.size(), file) == line.size();
-    ok = (std::fclose(file) == 0) && ok;
-  }
+  const bool ok = ReplaceResultFile(path, text + "\r\n");
   if (!ok) {
     UI().Message({"COMMAND LINE MODE FAILURE - CAN'T WRITE TO RESULT FILE.", Buttons::OK, Icon::None, "", 1});
     return;

@@ -105,6 +105,11 @@ bool LocateFolder(const FolderWords& words, std::string& folder) {
 
 }  // namespace
 
+std::string FolderOfSetting(const std::string& value) {
+  if (value.empty() || IsAbsolutePath(value)) return value;
+  return Home() + PathSeparatorText + value;
+}
+
 HResult GetSpecialFolderPath(int specialFolderId, std::string& path) {
   if (specialFolderId != SpecialFolderDocuments) {
     path.clear();

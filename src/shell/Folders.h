@@ -37,6 +37,12 @@ std::string GetProductFolderPath(bool create);
 std::string GetWorkFolderPath(bool create);
 std::string GetDataFolderPath(bool create);
 
+// The Data or Work folder as the settings name it. The program works from
+// its own folder, so a relative folder would land inside the installation;
+// a folder typed without a leading separator is taken from the user's home,
+// as a path in the user's own settings is meant. Empty stays empty.
+std::string FolderOfSetting(const std::string& value);
+
 // Asks for the Data (Work) folder: the default place, or one the user picks.
 // On success the folder is filled from the installation, saved as DataDir
 // (WorkDir) in section Common, the old key of section Brenwick is removed, and

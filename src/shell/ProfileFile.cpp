@@ -1,7 +1,12 @@
 #include "shell/ProfileFile.h"
 
+#include <sys/stat.h>
+
+#include <chrono>
 #include <fstream>
+#include <memory>
 #include <sstream>
+#include <unordered_map>
 #include <vector>
 
 #include "shell/Text.h"
@@ -10,17 +15,29 @@ namespace corvalin {
 
 namespace {
 
-std::vector<std::string> ReadLines(const std::string& path, bool* exists) {
+// The lines of the file. A line ends at CR LF, at LF or at a lone CR, as a
+// line of an input file does: a CR inside a value edited on another system
+// ends the value there, and what follows it is a line of its own.
+std::vector<std::string> SplitLines(const std::string& text) {
   std::vector<std::string> lines;
-  std::ifstream in(path, std::ios::binary);
-  *exists = static_cast<bool>(in);
-  if (!in) return lines;
-  std::string line;
-  while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(line);
+  std::size_t start = 0;
+  while (start < text.size()) {
+    std::size_t end = start;
+    while (end < text.size() && text[end] != '\r' && text[end] != '\n') ++end;
+    lines.push_back(text.substr(start, end - start));
+    if (end + 1 < text.size() && text[end] == '\r' && text[end + 1] == '\n') ++end;
+    start = end + 1;
   }
   return lines;
+}
+
+std::vector<std::string> ReadLines(const std::string& path, bool* exists) {
+  std::ifstream in(path, std::ios::binary);
+  *exists = static_cast<bool>(in);
+  if (!in) return {};
+  std::ostringstream text;
+  text << in.rdbuf();
+  return SplitLines(text.str());
 }
 
 bool WriteLines(const std::string& path, const std::vector<std::string>& lines) {
@@ -79,17 +96,97 @@ Location Find(const std::vector<std::string>& lines, const std::string& section,
   return loc;
 }
 
+// The keys of a file by section, both in lower case, with the value as it
+// stands behind the key's "=". As the lookup of one key reads the file: the
+// first section of a name counts, and in it the first line of a key.
+using ProfileIndex = std::unordered_map<std::string, std::unordered_map<std::string, std::string>>;
+
+ProfileIndex BuildIndex(const std::vector<std::string>& lines) {
+  ProfileIndex index;
+  std::unordered_map<std::string, std::string>* keys = nullptr;
+  for (const std::string& line : lines) {
+    std::string name;
+    if (SectionName(line, &name)) {
+      auto [entry, added] = index.try_emplace(ToLower(name));
+      keys = added ? &entry->second : nullptr;
+      continue;
+    }
+    std::string key;
+    if (keys != nullptr && KeyOf(line, &key)) keys->try_emplace(ToLower(key), line.substr(line.find('=') + 1));
+  }
+  return index;
+}
+
+// What tells one state of a file from another.
+struct FileStamp {
+  dev_t device = 0;
+  ino_t inode = 0;
+  off_t size = 0;
+  timespec modified{};
+  timespec changed{};
+
+  bool operator==(const FileStamp& o) const {
+    return device == o.device && inode == o.inode && size == o.size && modified.tv_sec == o.modified.tv_sec &&
+           modified.tv_nsec == o.modified.tv_nsec && changed.tv_sec == o.changed.tv_sec &&
+           changed.tv_nsec == o.changed.tv_nsec;
+  }
+};
+
+// A file read once is not read again while it stays as it was: a run reads
+// the keys of its template one by one, and a large template would otherwise
+// be read whole for each of them.
+struct CachedIndex {
+  FileStamp stamp;
+  // A file changed in the last moments may change again within the same
+  // tick of the file system's clock, size and all, unseen by its stamp: its
+  // reading is not used a second time.
+  bool settled = false;
+  std::shared_ptr<const ProfileIndex> index;
+};
+
+// The settings store and a template or two.
+constexpr std::size_t kFilesKept = 8;
+constexpr auto kSettledAfter = std::chrono::seconds(2);
+
+std::unordered_map<std::string, CachedIndex>& Cache() {
+  static std::unordered_map<std::string, CachedIndex> cache;
+  return cache;
+}
+
+std::shared_ptr<const ProfileIndex> IndexOf(const std::string& path) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) {
+    Cache().erase(path);
+    static const auto none = std::make_shared<const ProfileIndex>();
+    return none;
+  }
+  const FileStamp stamp{info.st_dev, info.st_ino, info.st_size, info.st_mtim, info.st_ctim};
+  if (const auto it = Cache().find(path); it != Cache().end() && it->second.settled && it->second.stamp == stamp)
+    return it->second.index;
+  bool exists = false;
+  auto index = std::make_shared<const ProfileIndex>(BuildIndex(ReadLines(path, &exists)));
+  // The change time, which no program can set back, tells how long ago the
+  // file last changed.
+  const auto changed = std::chrono::system_clock::time_point(
+      std::chrono::duration_cast<std::chrono::system_clock::duration>(
+          std::chrono::seconds(info.st_ctim.tv_sec) + std::chrono::nanoseconds(info.st_ctim.tv_nsec)));
+  const bool settled = std::chrono::system_clock::now() - changed >= kSettledAfter;
+  if (Cache().size() >= kFilesKept) Cache().clear();
+  Cache()[path] = CachedIndex{stamp, settled, index};
+  return index;
+}
+
+// A file written here is read anew.
+void Forget(const std::string& path) { Cache().erase(path); }
+
 }  // namespace
 
 std::string ReadProfileString(const std::string& path, const std::string& section, const std::string& key,
                               const std::string& def) {
-  bool exists = false;
-  const auto lines = ReadLines(path, &exists);
-  const Location loc = Find(lines, section, key);
+  const std::shared_ptr<const ProfileIndex> index = IndexOf(path);
   std::string value = def;
-  if (loc.keyLine >= 0) {
-    const std::string& line = lines[static_cast<std::size_t>(loc.keyLine)];
-    value = line.substr(line.find('=') + 1);
+  if (const auto s = index->find(ToLower(section)); s != index->end()) {
+    if (const auto k = s->second.find(ToLower(key)); k != s->second.end()) value = k->second;
   }
   value = TrimAtNull(value);
   if (value.size() > kProfileValueMax) value.resize(kProfileValueMax);
@@ -110,6 +207,7 @@ bool WriteProfileString(const std::string& path, const std::string& section, con
     lines.push_back("[" + section + "]");
     lines.push_back(entry);
   }
+  Forget(path);
   return WriteLines(path, lines);
 }
 
@@ -119,6 +217,7 @@ bool DeleteProfileKey(const std::string& path, const std::string& section, const
   const Location loc = Find(lines, section, key);
   if (loc.keyLine < 0) return true;
   lines.erase(lines.begin() + loc.keyLine);
+  Forget(path);
   return WriteLines(path, lines);
 }
 

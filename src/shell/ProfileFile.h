@@ -2,7 +2,9 @@
 // store and the templates (.cnv) are both profile files. Sections and keys are
 // found without regard to case, values are trimmed of blanks on reading, and a
 // write replaces or adds one key, keeping the rest of the file as it was.
-// Files are written with CR LF line ends and read with CR LF or LF.
+// Files are written with CR LF line ends and read with CR LF, LF or a lone
+// CR as line ends. A file is read whole once and kept while it stays as it
+// was, so reading many keys costs one reading of the file.
 #pragma once
 
 #include <cstddef>

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "shell/Error.h"
 
 namespace corvalin {
@@ -27,5 +29,19 @@ std::string AddBackslash(const std::string& path) {
 }
 
 bool IsAbsolutePath(const std::string& path) { return !path.empty() && path.front() == PathSeparator; }
+
+bool SameFile(const std::string& a, const std::string& b) {
+  if (a == b) return true;
+  if (a.empty() || b.empty()) return false;
+  struct stat infoA {};
+  struct stat infoB {};
+  if (::stat(a.c_str(), &infoA) == 0 && ::stat(b.c_str(), &infoB) == 0)
+    return infoA.st_dev == infoB.st_dev && infoA.st_ino == infoB.st_ino;
+  std::error_code ecA;
+  std::error_code ecB;
+  const auto resolvedA = std::filesystem::weakly_canonical(a, ecA);
+  const auto resolvedB = std::filesystem::weakly_canonical(b, ecB);
+  return !ecA && !ecB && resolvedA == resolvedB;
+}
 
 }  // namespace corvalin

@@ -26,5 +26,10 @@ bool IsDirectory(const std::string& path);
 std::string AddBackslash(const std::string& path);
 // True when the path is absolute here: it begins with the separator.
 bool IsAbsolutePath(const std::string& path);
+// True when the two paths name one file: the same text, or the same file on
+// the disk under another spelling, a symbolic or a hard link; a path that
+// does not name a file yet is compared by its folders, links resolved, and
+// its name.
+bool SameFile(const std::string& a, const std::string& b);
 
 }  // namespace corvalin

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "shell/ScratchFiles.h"
+
 namespace corvalin {
 
 Answer UnattendedToolkit::Message(const MessageRequest& request) {
@@ -30,6 +32,7 @@ AppendChoice UnattendedToolkit::AskAppendOverwriteCancel(const std::string& text
 bool UnattendedToolkit::OpenHelp(const std::string&, const std::string&) { return false; }
 
 void UnattendedToolkit::EndProcess(int exitCode) {
+  RemoveScratchFiles();
   std::fflush(nullptr);
   std::_Exit(exitCode);
 }

@@ -1,9 +1,11 @@
 #include "worktable/InputLines.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
+#include <utility>
 
 #include "shell/Error.h"
 
@@ -11,7 +13,11 @@ namespace corvalin {
 
 namespace {
 
-[[noreturn]] void RaiseOpenError(int code) {
+// Read in pieces of this size: a line of any length the program counts
+// needs one or two of them.
+constexpr std::size_t kReadSize = 1 << 16;
+
+[[noreturn]] void RaiseFileError(int code) {
   switch (code) {
     case ENOENT:
     case ENOTDIR: Raise(err::FileNotFound, "InputLines");
@@ -21,50 +27,110 @@ namespace {
   }
 }
 
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 }  // namespace
 
-InputLines::InputLines(const std::string& path) {
-  std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
-  if (!file) RaiseOpenError(errno);
-  char buffer[1 << 16];
-  for (;;) {
-    const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
-    text_.append(buffer, got);
-    if (got < sizeof buffer) break;
-  }
-  // A folder opens but cannot be read.
-  if (std::ferror(file.get())) RaiseOpenError(errno);
+InputLines::InputLines(const std::string& path, std::size_t longestLine) : longestLine_(longestLine) {
+  fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd_ < 0) RaiseFileError(errno);
+  struct stat info {};
+  regular_ = ::fstat(fd_, &info) == 0 && S_ISREG(info.st_mode);
+  endOfFile_ = false;
 }
 
-void InputLines::SkipByteOrderMark() {
-  if (position_ == 0 && std::string_view(text_).substr(0, kUtf8ByteOrderMark.size()) == kUtf8ByteOrderMark)
-    position_ = kUtf8ByteOrderMark.size();
-}
-
-void SkipByteOrderMark(std::FILE* file) {
-  char start[3] = {};
-  const std::size_t got = std::fread(start, 1, sizeof start, file);
-  if (std::string_view(start, got) != kUtf8ByteOrderMark) std::rewind(file);
-}
-
-InputLines InputLines::FromText(std::string text) {
+InputLines InputLines::FromText(std::string text, std::size_t longestLine) {
   InputLines lines;
-  lines.text_ = std::move(text);
+  lines.buffer_ = std::move(text);
+  lines.longestLine_ = longestLine;
   return lines;
 }
 
+InputLines::InputLines(InputLines&& other) noexcept { *this = std::move(other); }
+
+InputLines& InputLines::operator=(InputLines&& other) noexcept {
+  if (this != &other) {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = std::exchange(other.fd_, -1);
+    regular_ = other.regular_;
+    endOfFile_ = other.endOfFile_;
+    tooLong_ = other.tooLong_;
+    started_ = other.started_;
+    longestLine_ = other.longestLine_;
+    buffer_ = std::move(other.buffer_);
+    position_ = other.position_;
+  }
+  return *this;
+}
+
+InputLines::~InputLines() {
+  if (fd_ >= 0) ::close(fd_);
+}
+
+bool InputLines::Fill() {
+  if (endOfFile_) return false;
+  // What was handed out goes, so the buffer holds at most the line in hand.
+  buffer_.erase(0, position_);
+  position_ = 0;
+  const std::size_t held = buffer_.size();
+  buffer_.resize(held + kReadSize);
+  ssize_t got;
+  do {
+    got = ::read(fd_, buffer_.data() + held, kReadSize);
+  } while (got < 0 && errno == EINTR);
+  if (got < 0) {
+    // A folder opens but cannot be read.
+    const int code = errno;
+    buffer_.resize(held);
+    RaiseFileError(code);
+  }
+  buffer_.resize(held + static_cast<std::size_t>(got));
+  if (got == 0) endOfFile_ = true;
+  return got > 0;
+}
+
+bool InputLines::AtEnd() {
+  if (tooLong_) return true;
+  while (position_ >= buffer_.size()) {
+    if (!Fill()) return true;
+  }
+  return false;
+}
+
+void InputLines::SkipByteOrderMark() {
+  if (started_) return;
+  while (buffer_.size() < kUtf8ByteOrderMark.size() && Fill()) {
+  }
+  if (std::string_view(buffer_).substr(0, kUtf8ByteOrderMark.size()) == kUtf8ByteOrderMark)
+    position_ = kUtf8ByteOrderMark.size();
+  started_ = true;
+}
+
 void InputLines::Next(std::string_view& line) {
-  const std::string_view rest = std::string_view(text_).substr(position_);
-  std::size_t end = 0;
-  while (end < rest.size() && rest[end] != '\r' && rest[end] != '\n') ++end;
-  line = rest.substr(0, end);
-  position_ += end;
-  if (position_ < text_.size()) {
-    if (text_[position_] == '\r' && position_ + 1 < text_.size() && text_[position_ + 1] == '\n')
+  started_ = true;
+  std::size_t end = position_;
+  for (;;) {
+    while (end < buffer_.size() && buffer_[end] != '\r' && buffer_[end] != '\n') ++end;
+    if (end - position_ > longestLine_) {
+      // The line cannot be counted: what is in hand is enough to say so.
+      tooLong_ = true;
+      line = std::string_view(buffer_).substr(position_, longestLine_ + 1);
+      return;
+    }
+    if (end < buffer_.size()) break;
+    // Filling moves the text in hand to the front of the buffer.
+    const std::size_t scanned = end - position_;
+    if (!Fill()) break;
+    end = position_ + scanned;
+  }
+  // A CR at the end of what is held may be the first half of CR LF.
+  if (end < buffer_.size() && buffer_[end] == '\r' && end + 1 == buffer_.size()) {
+    const std::size_t lineLength = end - position_;
+    Fill();
+    end = position_ + lineLength;
+  }
+  line = std::string_view(buffer_).substr(position_, end - position_);
+  position_ = end;
+  if (position_ < buffer_.size()) {
+    if (buffer_[position_] == '\r' && position_ + 1 < buffer_.size() && buffer_[position_ + 1] == '\n')
       position_ += 2;
     else
       ++position_;

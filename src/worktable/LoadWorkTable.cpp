@@ -16,7 +16,8 @@
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
 #include "worktable/clsDBEngine.h"
-#include "worktable/InputLines.h"
+#include "worktable/RunInput.h"
+#include "worktable/WorkingDatabase.h"
 
 namespace corvalin {
 
@@ -65,13 +66,15 @@ class RowInserts {
   }
 }
 
-// A fresh TFT.mdb: a copy of the pristine empty database, made writable.
+// A fresh working database: a copy of the pristine empty one, made writable.
 void CopyEmptyDatabase() {
   namespace fs = std::filesystem;
   const fs::path source = Run().InstallFolder + EmptyDatabaseName;
-  const fs::path target = Run().DataFolder + WorkingDatabaseName;
   std::error_code ec;
   if (!fs::exists(source, ec)) Raise(err::FileNotFound, "PrepareDatabase");
+  // An unattended run works on a database of its own (WorkingDatabase.h).
+  if (Run().CommandLineMode) MakePrivateWorkingDatabase();
+  const fs::path target = WorkingDatabasePath(WorkingDatabaseName);
   fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
   if (ec) RaiseFileError(ec, "PrepareDatabase");
   fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read,
@@ -79,10 +82,12 @@ void CopyEmptyDatabase() {
   if (ec) RaiseFileError(ec, "PrepareDatabase");
 }
 
-// The old working database goes, read-only or not.
+// The old working database goes, read-only or not. A run's own database is
+// nobody else's and is simply written over.
 void DeleteWorkingDatabase() {
   namespace fs = std::filesystem;
-  const std::string path = ResolveFileNameCase(Run().DataFolder + WorkingDatabaseName);
+  if (Run().CommandLineMode || WorkingDatabaseIsPrivate()) return;
+  const std::string path = ResolveFileNameCase(WorkingDatabasePath(WorkingDatabaseName));
   std::error_code ec;
   if (!fs::exists(path, ec)) return;
   fs::remove(path, ec);
@@ -99,10 +104,39 @@ void RefuseNullCharacter(std::string_view line, int16_t lineNumber) {
         "Input line " + std::to_string(lineNumber) + " holds a null character: the file is not plain text");
 }
 
-// Loads the lines of the input into tft with one prepared insert.
+// A line too long to count its character positions ends the load, in
+// either column mode, as the delimited split would end it.
+void RefuseLineTooLong(std::string_view line) {
+  if (line.size() > kLongestInputLine) Raise(err::Overflow, "CreateColumnsTable");
+}
+
+// The input's lines, one at a time: when the preview already took the first
+// lines from a stream that cannot be read again, those come from the
+// preview, and the rest from where the preview stopped.
+class LoadLinesSource {
+ public:
+  explicit LoadLinesSource(const std::string& path) : input_(OpenRunInput(path)) {
+    if (input_.linesTaken == 0) input_.lines.SkipByteOrderMark();
+  }
+  bool AtEnd() { return taken_ >= input_.linesTaken && input_.lines.AtEnd(); }
+  void Next(std::string_view& line) {
+    if (taken_ < input_.linesTaken) {
+      line = Run().InputPreview.at(static_cast<std::size_t>(taken_++));
+      return;
+    }
+    input_.lines.Next(line);
+  }
+
+ private:
+  RunInput input_;
+  int16_t taken_ = 0;
+};
+
+// Loads the lines of the input into tft with one prepared insert. The
+// limits are checked line by line as the input is read, so an endless or
+// huge input is answered at its first fault, in bounded memory.
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
-  InputLines input(inputPath);
-  input.SkipByteOrderMark();
+  LoadLinesSource input(inputPath);
   const LineSplitter splitter(format);
   ParsedLine parsed;
   clsDBEngine& engine = DatabaseEngine();
@@ -123,6 +157,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       ShowBusy(kBusyTitle, busyText);
       input.Next(line);
       RefuseNullCharacter(line, lineNumber);
+      RefuseLineTooLong(line);
       splitter.Split(line, parsed);
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
       PreparedStatement& insert = inserts.For(parsed.Count);

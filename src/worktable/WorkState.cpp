@@ -6,6 +6,8 @@
 #include "shell/RunState.h"
 #include "shell/TextFile.h"
 #include "templates/TemplateCommands.h"
+#include "worktable/RunInput.h"
+#include "worktable/WorkingDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -13,6 +15,8 @@ namespace corvalin {
 void ResetWorkState() {
   CloseDatabase();
   TftRecords().reset();
+  ForgetPrivateWorkingDatabase();
+  ForgetRunInput();
   ResetRunState();
   ResetMarkers();
   ResetCommands();

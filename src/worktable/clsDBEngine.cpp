@@ -9,6 +9,7 @@
 #include "shell/Text.h"
 #include "worktable/Connection.h"
 #include "worktable/RowStore.h"
+#include "worktable/WorkingDatabase.h"
 
 namespace corvalin {
 
@@ -135,7 +136,7 @@ std::shared_ptr<Recordset>& TftRecords() {
 
 void OpenDatabase() {
   clsDBEngine& engine = DatabaseEngine();
-  engine.PathToDB(Run().DataFolder + "tft.mdb");
+  engine.PathToDB(WorkingDatabasePath("tft.mdb"));
   engine.OpenDB();
   engine.SQLString("Select * from tft");
   TftRecords() = engine.RetreiveRecords();

@@ -85,7 +85,8 @@ clsDBEngine& DatabaseEngine();
 // The open row set over tft.
 std::shared_ptr<Recordset>& TftRecords();
 
-// Opens DataFolder + "tft.mdb" and puts a fresh "Select * from tft" row set in TftRecords.
+// Opens the working database (DataFolder + "tft.mdb" in the wizard, the
+// run's own in an unattended run) and puts a fresh "Select * from tft" row set in TftRecords.
 void OpenDatabase();
 // Closes the connection; TftRecords stays as it is.
 void CloseDatabase();

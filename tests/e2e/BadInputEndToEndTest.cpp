@@ -43,20 +43,6 @@ class BadInput : public testing::TreeListRun {
     EXPECT_EQ(run.status, 1);
     EXPECT_FALSE(fs::exists(Output()));
   }
-
-  // n lines of live trees, plot n / 1000 + 1 and tree n % 1000, each ended
-  // with the given line end; and the tree list they give.
-  static std::string Trees(int count, const std::string& lineEnd = "\r\n") {
-    std::string text;
-    for (int n = 1; n <= count; ++n)
-      text += std::to_string(n / 1000 + 1) + "," + std::to_string(n % 1000) + ",1,DF,25.4" + lineEnd;
-    return text;
-  }
-  static std::string TreeListOf(int count) {
-    std::string text;
-    for (int n = 1; n <= count; ++n) text += Record(n / 1000 + 1, n % 1000, "DF", 254);
-    return text;
-  }
 };
 
 // An empty file loads no line, so no column is in use and validation finds

@@ -1,10 +1,15 @@
 #include "ProgramRun.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <random>
+#include <thread>
 
 #include "TestSupport.h"
 
@@ -14,7 +19,27 @@ namespace corvalin::testing {
 
 namespace fs = std::filesystem;
 
-ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& args, const fs::path& from) {
+namespace {
+
+fs::path ErrorsPath(const fs::path& home, const Launch& launch) {
+  return launch.errorsPath.empty() ? home / "stderr.txt" : launch.errorsPath;
+}
+
+// Writes all the bytes; false when the reader went away first.
+bool WriteAll(int fd, const std::string& bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) return false;
+    done += static_cast<std::size_t>(n);
+  }
+  return true;
+}
+
+}  // namespace
+
+pid_t StartCorvalin(const fs::path& home, const Launch& launch) {
   std::vector<std::string> env;
   for (char** e = environ; *e != nullptr; ++e) {
     const std::string entry = *e;
@@ -28,25 +53,94 @@ ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& arg
   env.push_back("XDG_CONFIG_HOME=" + (home / ".config").string());
   const std::string program = (BinaryDir() / "bin/corvalin").string();
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
-  for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  for (const auto& a : launch.args) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
   std::vector<char*> envp;
   for (auto& e : env) envp.push_back(e.data());
   envp.push_back(nullptr);
-  const fs::path errorsPath = home / "stderr.txt";
+  const fs::path errorsPath = ErrorsPath(home, launch);
   const pid_t pid = ::fork();
   if (pid == 0) {
-    if (!from.empty() && ::chdir(from.c_str()) != 0) ::_exit(126);
-    const int in = ::open("/dev/null", O_RDONLY);
+    if (!launch.from.empty() && ::chdir(launch.from.c_str()) != 0) ::_exit(126);
+    const int in = launch.standardInput >= 0 ? launch.standardInput : ::open("/dev/null", O_RDONLY);
     const int err = ::open(errorsPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     ::dup2(in, 0);
     ::dup2(err, 2);
     ::execve(program.c_str(), argv.data(), envp.data());
     ::_exit(127);
   }
+  return pid;
+}
+
+ProgramRun WaitForCorvalin(pid_t pid, const fs::path& home, const Launch& launch, double secondsAllowed) {
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  const auto deadline = start + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(secondsAllowed));
+  ProgramRun run;
   int status = 0;
-  ::waitpid(pid, &status, 0);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(errorsPath)};
+  struct rusage usage {};
+  for (;;) {
+    const pid_t done = ::wait4(pid, &status, WNOHANG, &usage);
+    if (done == pid) break;
+    if (Clock::now() >= deadline) {
+      ::kill(pid, SIGKILL);
+      ::wait4(pid, &status, 0, &usage);
+      run.killed = true;
+      break;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  run.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  run.peakKilobytes = usage.ru_maxrss;
+  run.errors = ReadFile(ErrorsPath(home, launch));
+  return run;
+}
+
+ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& args, const fs::path& from) {
+  const Launch launch{args, from, {}, -1};
+  return WaitForCorvalin(StartCorvalin(home, launch), home, launch);
+}
+
+Feeder::Feeder(std::string bytes, bool repeat) : bytes_(std::move(bytes)) {
+  int ends[2];
+  if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
+  readEnd_ = ends[0];
+  Start(ends[1], {}, repeat);
+}
+
+Feeder::Feeder(const fs::path& fifo, std::string bytes) : bytes_(std::move(bytes)) { Start(-1, fifo, false); }
+
+void Feeder::Start(int writeEnd, const fs::path& fifo, bool repeat) {
+  pid_ = ::fork();
+  if (pid_ == 0) {
+    // A reader that goes away ends the writer with a failed write, not a signal.
+    std::signal(SIGPIPE, SIG_IGN);
+    if (readEnd_ >= 0) ::close(readEnd_);
+    const int fd = writeEnd >= 0 ? writeEnd : ::open(fifo.c_str(), O_WRONLY);
+    if (fd < 0) ::_exit(3);
+    do {
+      if (!WriteAll(fd, bytes_)) ::_exit(repeat ? 0 : 2);
+    } while (repeat);
+    ::_exit(0);
+  }
+  if (writeEnd >= 0) ::close(writeEnd);
+}
+
+bool Feeder::Finished() {
+  if (pid_ > 0) {
+    ::waitpid(pid_, &status_, 0);
+    pid_ = -1;
+  }
+  return WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
+}
+
+Feeder::~Feeder() {
+  if (readEnd_ >= 0) ::close(readEnd_);
+  if (pid_ > 0) {
+    ::kill(pid_, SIGKILL);
+    ::waitpid(pid_, &status_, 0);
+  }
 }
 
 void UnattendedRun::SetUp() {

@@ -1,9 +1,10 @@
 // Running the built program the way an unattended caller does: in a
 // temporary HOME whose settings name its Data and Work folders, without a
-// display, with nothing on standard input.
+// display, with nothing on standard input unless a test gives it a stream.
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
 #include <filesystem>
 #include <string>
@@ -14,7 +15,29 @@ namespace corvalin::testing {
 struct ProgramRun {
   int status = -1;
   std::string errors;  // what the program wrote to standard error
+  long peakKilobytes = 0;  // the largest resident set the process had
+  double seconds = 0;      // from its start to its end
+  bool killed = false;     // it outlived its time limit and was killed
 };
+
+// How one run of the program is started: its arguments, the folder it is
+// started from (this process's folder when empty), where its standard error
+// goes (home/stderr.txt when empty) and what it reads on standard input (an
+// open descriptor, or -1 for /dev/null).
+struct Launch {
+  std::vector<std::string> args;
+  std::filesystem::path from;
+  std::filesystem::path errorsPath;
+  int standardInput = -1;
+};
+
+// Starts the built program with its settings under home and gives its
+// process id; it runs beside the caller.
+pid_t StartCorvalin(const std::filesystem::path& home, const Launch& launch);
+// Waits for a run started so; one still running after secondsAllowed is
+// killed and comes back with killed set.
+ProgramRun WaitForCorvalin(pid_t pid, const std::filesystem::path& home, const Launch& launch,
+                           double secondsAllowed = 600);
 
 // Runs the built program with exactly these arguments, its settings under
 // home, from the given folder (or this process's folder when empty), and
@@ -22,6 +45,34 @@ struct ProgramRun {
 // errors.
 ProgramRun RunCorvalin(const std::filesystem::path& home, const std::vector<std::string>& args,
                        const std::filesystem::path& from = {});
+
+// A process that writes bytes into a pipe or a FIFO, the way a calling
+// program feeds the unattended run, and ends when it has written them (or,
+// when told to repeat, when the reader goes away). Waited for, or killed,
+// when this object goes.
+class Feeder {
+ public:
+  // Writes into a new pipe; readEnd() is the end to give the program.
+  Feeder(std::string bytes, bool repeat);
+  // Opens the FIFO at path for writing (which waits for its reader) and
+  // writes into it.
+  Feeder(const std::filesystem::path& fifo, std::string bytes);
+  ~Feeder();
+  Feeder(const Feeder&) = delete;
+  Feeder& operator=(const Feeder&) = delete;
+
+  int readEnd() const { return readEnd_; }
+  // Waits for the writer to end; true when it wrote everything it had.
+  bool Finished();
+
+ private:
+  void Start(int writeEnd, const std::filesystem::path& fifo, bool repeat);
+
+  std::string bytes_;
+  int readEnd_ = -1;
+  pid_t pid_ = -1;
+  int status_ = -1;
+};
 
 // A temporary HOME whose settings name existing Data and Work folders.
 class UnattendedRun : public ::testing::Test {

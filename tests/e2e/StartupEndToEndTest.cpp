@@ -108,5 +108,18 @@ TEST_F(StartupEndToEnd, UnsetFoldersWithoutADisplayTakeTheDefaultPlacesWithTheIn
                 work.string() + "/\nInvalid Template Name specified: Sample\n");
 }
 
+// Folders named in the settings without a leading "/" are taken from the
+// user's home, as a path typed there would be, not from the program's folder.
+TEST_F(StartupEndToEnd, RelativeFoldersInTheSettingsAreTakenFromTheHome) {
+  fs::create_directories(home / "forest" / "Data");
+  fs::create_directories(home / "forest" / "Work");
+  WriteFile(home / "forest" / "Work" / "Sample.cnv", "[FORMAT_INFO]\r\n");
+  WriteFile(home / ".config" / "Orvanta" / "Orvanta.ini", "[Common]\r\nDataDir=forest/Data/\r\nWorkDir=forest/Work/\r\n");
+  EXPECT_EQ(Corvalin({"trees.csv", "out.tre", "Nope"}), 1);
+  // No folder question was asked: the template list is that of forest/Work.
+  EXPECT_EQ(ReadFile(home / "stderr.txt"), "Invalid Template Name specified: Nope\n");
+  EXPECT_EQ(ReadFile(home / "forest" / "Work" / "result.txt"), "Untrapped error.\r\n");
+}
+
 }  // namespace
 }  // namespace corvalin

@@ -39,4 +39,17 @@ std::string TreeListRun::Record(int plot, int tree, const std::string& species, 
          "\r\n";
 }
 
+std::string TreeListRun::Trees(int count, const std::string& lineEnd) {
+  std::string text;
+  for (int n = 1; n <= count; ++n)
+    text += std::to_string(n / 1000 + 1) + "," + std::to_string(n % 1000) + ",1,DF,25.4" + lineEnd;
+  return text;
+}
+
+std::string TreeListRun::TreeListOf(int count) {
+  std::string text;
+  for (int n = 1; n <= count; ++n) text += Record(n / 1000 + 1, n % 1000, "DF", 254);
+  return text;
+}
+
 }  // namespace corvalin::testing

@@ -28,6 +28,11 @@ class TreeListRun : public UnattendedRun {
   // The imperial record of a live tree with a tree count of 1 and a DBH in
   // tenths of an inch, with its CR LF.
   static std::string Record(int plot, int tree, const std::string& species, int dbhTenths);
+
+  // n lines of live trees, plot n / 1000 + 1 and tree n % 1000, each ended
+  // with the given line end; and the tree list they give.
+  static std::string Trees(int count, const std::string& lineEnd = "\r\n");
+  static std::string TreeListOf(int count);
 };
 
 }  // namespace corvalin::testing

@@ -72,7 +72,61 @@ TEST(InputLines, TabsAndOtherBytesStayInTheLine) {
   EXPECT_EQ(LinesOf(std::string("a\tb\0c\xE9", 6) + "\n"), (Lines{std::string("a\tb\0c\xE9", 6)}));
 }
 
+// The longest line a reader takes whole; a longer one comes cut to one
+// character past the limit, and nothing after it is read.
+TEST(InputLines, LineOfTheLimitIsWhole) {
+  InputLines input = InputLines::FromText("abcde\nx", 5);
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, "abcde");
+  EXPECT_FALSE(input.LineTooLong());
+  input.Next(line);
+  EXPECT_EQ(line, "x");
+  EXPECT_TRUE(input.AtEnd());
+}
+
+TEST(InputLines, LinePastTheLimitComesCutAndEndsTheInput) {
+  InputLines input = InputLines::FromText("ab\nabcdefgh\nx", 5);
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, "ab");
+  input.Next(line);
+  EXPECT_EQ(line, "abcdef");
+  EXPECT_TRUE(input.LineTooLong());
+  EXPECT_TRUE(input.AtEnd());
+}
+
 class InputFile : public testing::FreshProcess {};
+
+// A file is read in pieces: a line end split between two of them, and a
+// line longer than one, come out as in a file read whole.
+TEST_F(InputFile, LinesAcrossThePiecesOfTheReadAreWhole) {
+  const std::string first(65535, 'a');
+  const std::string second(200000, 'b');
+  const auto path = home / "trees.csv";
+  testing::WriteFile(path, first + "\r\n" + second + "\r" + "c");
+  InputLines input(path.string());
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, first);
+  input.Next(line);
+  EXPECT_EQ(line, second);
+  input.Next(line);
+  EXPECT_EQ(line, "c");
+  EXPECT_TRUE(input.AtEnd());
+  EXPECT_TRUE(input.FromRegularFile());
+}
+
+// An endless line costs no more than the limit: /dev/zero has no line end.
+TEST_F(InputFile, EndlessLineStopsAtTheLimit) {
+  InputLines input("/dev/zero", 32766);
+  std::string_view line;
+  input.Next(line);
+  EXPECT_EQ(line, std::string(32767, '\0'));
+  EXPECT_TRUE(input.LineTooLong());
+  EXPECT_TRUE(input.AtEnd());
+  EXPECT_FALSE(input.FromRegularFile());
+}
 
 TEST_F(InputFile, ReadsTheFileFromTheDisk) {
   const auto path = home / "trees.csv";

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -19,6 +21,7 @@
 #include "shell/Settings.h"
 #include "templates/TemplateCommands.h"
 #include "screens/PrepareDatabase.h"
+#include "worktable/WorkingDatabase.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -61,7 +64,9 @@ class LoadTable : public testing::FreshProcess {
     FreshProcess::TearDown();
   }
 
-  fs::path Database() const { return home / "Data" / "TFT.mdb"; }
+  // The working database the load fills: TFT.mdb of the Data folder, or an
+  // unattended run's own.
+  static fs::path Database() { return WorkingDatabasePath(WorkingDatabaseName); }
 
   // The input file named on frmTemplate, and frmColumns loaded over it.
   frmColumns& Input(const std::string& text) {
@@ -202,6 +207,47 @@ TEST_F(LoadTable, UnattendedRunShowsNoBusyWindow) {
   EXPECT_EQ(RowCount(), 2);
 }
 
+// Runs started together and a wizard open beside them each keep their own
+// table: the unattended run leaves the wizard's TFT.mdb alone.
+TEST_F(LoadTable, UnattendedRunLoadsADatabaseOfItsOwnAndLeavesTheWizardsAlone) {
+  testing::WriteFile(home / "Data" / "TFT.mdb", "the wizard's table");
+  Input("a\r\nb\r\n");
+  Run().CommandLineMode = true;
+  PrepareDatabase();
+  EXPECT_EQ(testing::ReadFile(home / "Data" / "TFT.mdb"), "the wizard's table");
+  const fs::path own = Database();
+  EXPECT_EQ(own.parent_path(), home / "Data");
+  EXPECT_EQ(own.filename().string().rfind("TFT-", 0), 0u) << own;
+  EXPECT_EQ(Rows(), (std::vector<Row>{Expected(1, {"a"}), Expected(2, {"b"})}));
+  CloseDatabase();
+  TftRecords().reset();
+  ForgetPrivateWorkingDatabase();
+  EXPECT_FALSE(fs::exists(own));
+}
+
+// What a killed run left is cleared by the next one; the database of a run
+// that is still going stays.
+TEST_F(LoadTable, UnattendedRunClearsTheDatabasesOfKilledRuns) {
+  const pid_t gone = ::fork();
+  if (gone == 0) ::_exit(0);
+  ::waitpid(gone, nullptr, 0);
+  char host[256] = {};
+  ::gethostname(host, sizeof host - 1);
+  std::string hostName = host;
+  for (char& c : hostName)
+    if (c == '-') c = '_';
+  const std::string prefix = "TFT-" + hostName + "-";
+  const fs::path left = home / "Data" / (prefix + std::to_string(gone) + "-abcdef.mdb");
+  const fs::path going = home / "Data" / (prefix + std::to_string(::getppid()) + "-ghijkl.mdb");
+  testing::WriteFile(left, "left");
+  testing::WriteFile(going, "going");
+  Input("a\r\n");
+  Run().CommandLineMode = true;
+  PrepareDatabase();
+  EXPECT_FALSE(fs::exists(left));
+  EXPECT_TRUE(fs::exists(going));
+}
+
 TEST_F(LoadTable, FileOf32767LinesLoads) {
   Input(Lines(32767));
   PrepareDatabase();
@@ -233,6 +279,55 @@ TEST_F(LoadTable, LineWithANullCharacterStopsTheLoadAndNamesTheLine) {
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0], Expected(1, {"p1", "1", "DF", "12.5"}));
   EXPECT_TRUE(Run().ReloadNeeded);
+}
+
+// A line of 32,767 characters cannot be counted in either column mode: in
+// fixed width mode too the load ends there, and reads nothing past it.
+TEST_F(LoadTable, LineTooLongToCountEndsAFixedWidthLoadInOverflow) {
+  SaveSetting(SettingsApplication, "Corvalin", "FixedWidth", "YES");
+  SaveSetting(SettingsApplication, "Corvalin", "NumMarkers", "1");
+  SaveSetting(SettingsApplication, "Corvalin", "FixedMarker1", "2");
+  Input("p1DF\r\n" + std::string(32766, 'x') + "\r\n" + std::string(32767, 'y') + "\r\np2WH\r\n");
+  PrepareDatabase();
+  EXPECT_EQ(ui.Texts(),
+            (std::vector<std::string>{"Error preparing database\r\n6 - 'Overflow'\r\nLine: CreateColumnsTable"}));
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1], Expected(2, {"xx", std::string(100, 'x')}));
+}
+
+// A pipe can be read once: the lines the preview took from it come from the
+// preview, the rest from where the preview stopped.
+TEST_F(LoadTable, PipeLoadsTheLinesThePreviewTookAndTheRest) {
+  std::string text;
+  for (int n = 1; n <= 1500; ++n) text += std::to_string(n) + ",x\r\n";
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::close(ends[0]);
+    std::size_t done = 0;
+    while (done < text.size()) {
+      const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
+      if (n <= 0) ::_exit(1);
+      done += static_cast<std::size_t>(n);
+    }
+    ::_exit(0);
+  }
+  ::close(ends[1]);
+  App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
+  App().Columns();
+  ::close(ends[0]);  // the program holds its own open of the pipe
+  EXPECT_EQ(Run().InputPreviewCount, 999);
+  PrepareDatabase();
+  int status = 0;
+  ::waitpid(writer, &status, 0);
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 1500u);
+  EXPECT_EQ(rows[998], Expected(999, {"999", "x"}));
+  EXPECT_EQ(rows[999], Expected(1000, {"1000", "x"}));
+  EXPECT_EQ(rows.back(), Expected(1500, {"1500", "x"}));
 }
 
 TEST_F(LoadTable, ByteOrderMarkOfASpreadsheetExportIsNoPartOfTheFirstCell) {

@@ -147,6 +147,71 @@ TEST_F(SetupScreen, OutputSameAsInputIsEmptiedAndTranslateIsOff) {
   EXPECT_FALSE(setup.cmdNextTrans.Enabled);
 }
 
+// The same file under another name: a symbolic link, or a path through a
+// linked folder to an output that does not exist yet.
+TEST_F(SetupScreen, OutputThatIsTheInputUnderAnotherNameIsRefused) {
+  frmTemplate& setup = TheScreen();
+  setup.lblInputFile.SetCaption(input);
+  fs::create_symlink(input, home / "link.tre");
+  setup.lblOutputFile.SetCaption((home / "link.tre").string());
+  fs::create_directory_symlink(home, home / "alias");
+  setup.lblOutputFile.SetCaption((home / "alias" / "trees.csv").string());
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Input and output cannot be the same file.",
+                                                  "Input and output cannot be the same file."}));
+  EXPECT_EQ(setup.lblOutputFile.Caption, "");
+  EXPECT_FALSE(Run().OutputFileValid);
+}
+
+TEST_F(SetupScreen, InputThatIsTheOutputUnderAnotherNameIsRefused) {
+  frmTemplate& setup = TheScreen();
+  setup.lblOutputFile.SetCaption(input);
+  setup.lblInputFile.SetCaption((home / "." / "trees.csv").string());
+  EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Input and output cannot be the same file."});
+  EXPECT_EQ(setup.lblInputFile.Caption, "");
+  EXPECT_FALSE(Run().InputFileValid);
+}
+
+TEST_F(SetupScreen, OutputThatIsAFileOfTheRunIsRefused) {
+  frmTemplate& setup = TheScreen();
+  const struct {
+    fs::path output;
+    const char* reason;
+  } cases[] = {
+      {home / "Work" / "result.txt", "Output cannot be the result file."},
+      {home / "Data" / "TFT.mdb", "Output cannot be the working table."},
+      {home / "Data" / "tft.mdb", "Output cannot be the working table."},
+      {SettingsFilePath("Orvanta"), "Output cannot be the settings file."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.reason);
+    ui.boxes.clear();
+    setup.lblOutputFile.SetCaption(c.output.string());
+    EXPECT_EQ(ui.Texts(), std::vector<std::string>{c.reason});
+    EXPECT_EQ(setup.lblOutputFile.Caption, "");
+    EXPECT_FALSE(Run().OutputFileValid);
+  }
+}
+
+// The template in force, whether it was chosen before the output or after.
+TEST_F(SetupScreen, OutputThatIsTheTemplateIsRefused) {
+  frmTemplate& setup = TheScreen();
+  setup.cmbTemplate.Select(2);
+  setup.cmbTemplate_Click();
+  setup.lblOutputFile.SetCaption((home / "Work" / "Beta.cnv").string());
+  EXPECT_EQ(setup.lblOutputFile.Caption, "");
+  setup.cmbTemplate.Select(0);
+  setup.cmbTemplate_Click();
+  setup.lblOutputFile.SetCaption((home / "Work" / "alpha.cnv").string());
+  EXPECT_TRUE(Run().OutputFileValid);
+  setup.cmbTemplate.Select(1);
+  setup.cmbTemplate_Click();
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"Output cannot be the template file.",
+                                                  "Output cannot be the template file."}));
+  EXPECT_EQ(setup.lblOutputFile.Caption, "");
+  EXPECT_FALSE(Run().OutputFileValid);
+  EXPECT_EQ(setup.cmbTemplate.Text, "alpha");
+}
+
 TEST_F(SetupScreen, SameStandListAndLocationFileGiveTwoMessagesAndTheCaptionStaysRed) {
   frmTemplate& setup = TheScreen();
   setup.chkEditStandListFile.Value = 1;

@@ -55,6 +55,12 @@ TEST_F(Folders, DocumentsFolderComesFromTheUserDirsFile) {
   EXPECT_EQ(path, home.string() + "/Dokumente/");
 }
 
+TEST_F(Folders, RelativeFolderOfTheSettingsIsTakenFromTheHome) {
+  EXPECT_EQ(FolderOfSetting("forest/Data/"), home.string() + "/forest/Data/");
+  EXPECT_EQ(FolderOfSetting("/srv/Data/"), "/srv/Data/");
+  EXPECT_EQ(FolderOfSetting(""), "");
+}
+
 TEST_F(Folders, UnknownSpecialFolderFails) {
   std::string path = "x";
   EXPECT_EQ(GetSpecialFolderPath(26, path), HResultFail);

@@ -74,6 +74,27 @@ TEST_F(PathAndText, AddBackslashAddsTheSeparatorOnce) {
   EXPECT_EQ(AddBackslash("/a/"), "/a/");
 }
 
+TEST_F(PathAndText, SameFileKnowsAFileUnderEveryName) {
+  const std::string file = (home / "trees.csv").string();
+  testing::WriteFile(file, "1\r\n");
+  std::filesystem::create_symlink(file, home / "link.csv");
+  std::filesystem::create_hard_link(file, home / "hard.csv");
+  EXPECT_TRUE(SameFile(file, file));
+  EXPECT_TRUE(SameFile(file, (home / "." / "trees.csv").string()));
+  EXPECT_TRUE(SameFile(file, (home / "link.csv").string()));
+  EXPECT_TRUE(SameFile((home / "hard.csv").string(), file));
+  EXPECT_FALSE(SameFile(file, (home / "TREES.csv").string()));
+  EXPECT_FALSE(SameFile(file, ""));
+}
+
+// A file not made yet is compared by its folders, links resolved.
+TEST_F(PathAndText, SameFileComparesAFileNotMadeYetByItsPlace) {
+  std::filesystem::create_directory_symlink(home, home / "alias");
+  EXPECT_TRUE(SameFile((home / "new.tre").string(), (home / "alias" / "new.tre").string()));
+  EXPECT_TRUE(SameFile((home / "new.tre").string(), (home / "Data" / ".." / "new.tre").string()));
+  EXPECT_FALSE(SameFile((home / "new.tre").string(), (home / "Data" / "new.tre").string()));
+}
+
 TEST_F(PathAndText, AddBackslashLeavesTheRootSingle) { EXPECT_EQ(AddBackslash("/"), "/"); }
 
 TEST_F(PathAndText, AddBackslashLeavesAnEmptyPathEmpty) { EXPECT_EQ(AddBackslash(""), ""); }

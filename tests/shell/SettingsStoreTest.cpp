@@ -2,6 +2,7 @@
 // user's configuration folder.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 
@@ -78,6 +79,43 @@ TEST_F(SettingsStore, SectionsOfTheSameKeyAreApart) {
   SaveSetting("Orvanta", "Brenwick", "DataDir", "/old/");
   EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", ""), "/new/");
   EXPECT_EQ(GetSetting("Orvanta", "Brenwick", "DataDir", ""), "/old/");
+}
+
+// A lone CR ends a line, as CR LF and LF do: the value ends there, and what
+// follows is a line of its own.
+TEST_F(SettingsStore, LoneCrEndsTheValue) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\r\nDataDir=/d/\rWorkDir=/w/\r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/d/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "WorkDir", "?"), "/w/");
+}
+
+TEST_F(SettingsStore, FirstSectionAndFirstKeyOfANameCount) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\r\nDataDir=/first/\r\nDataDir=/second/\r\n[Other]\r\n[common]\r\nWorkDir=/w/\r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/first/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "WorkDir", "?"), "?");
+}
+
+// A file read once is kept while it stays as it was; a change of it, by this
+// program or another, is read, even one of the same size a moment later.
+TEST_F(SettingsStore, ChangedFileIsReadAgain) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\r\nDataDir=/a/\r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+  WriteFile(Ini(), "[Common]\r\nDataDir=/b/\r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/b/");
+  SaveSetting("Orvanta", "Common", "DataDir", "/c/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/c/");
+  // Settled for some time, then written over with the same size.
+  const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+  std::filesystem::last_write_time(Ini(), old);
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/c/");
+  WriteFile(Ini(), "[Common]\r\nDataDir=/d/\r\n");
+  std::filesystem::last_write_time(Ini(), old);
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/d/");
+  std::filesystem::remove(Ini());
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "?");
 }
 
 }  // namespace
