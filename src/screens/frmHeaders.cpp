@@ -162,7 +162,7 @@ void frmHeaders::Form_Unload() {
   // working database's file, and a new grid binds rows of its own.
   if (TftRecords() && Adodc1.Recordset && TftRecords()->SharesRowsWith(*Adodc1.Recordset)) TftRecords().reset();
   Adodc1.Recordset.reset();
-  CloseDatabase();
+  ReleaseDatabase();
 }
 
 void frmHeaders::BindRecords(std::shared_ptr<Recordset> records) {

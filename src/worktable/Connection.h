@@ -20,6 +20,17 @@ struct Connection {
   uint64_t generation = 0;
   std::weak_ptr<RowStore> lastRows;
   uint64_t lastRowsGeneration = 0;
+  // The rows of the whole working table as the load inserted them: held
+  // here, so that the grid, validation and translation that follow read
+  // them without reading the table back.
+  std::shared_ptr<RowStore> image;
+  // The file the connection has open, to know it again when it is reopened.
+  std::string path;
+  unsigned long long device = 0;
+  unsigned long long inode = 0;
+  // SQLite's count of changes other connections made to the file, when the
+  // connection was last closed.
+  long long dataVersion = 0;
 
   ~Connection() {
     if (db != nullptr) sqlite3_close_v2(db);

@@ -1,6 +1,7 @@
 #include "worktable/LoadWorkTable.h"
 
 #include <array>
+#include <charconv>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -15,6 +16,7 @@
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
+#include "worktable/RowStore.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/RunInput.h"
 #include "worktable/WorkingDatabase.h"
@@ -144,6 +146,17 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   std::string busyText = kBusyText;
   const std::size_t busyTextLength = busyText.size();
 
+  // The rows as the table now holds them, kept as they are inserted: the
+  // grid, the validation and the translation read them from here instead of
+  // reading the table back.
+  std::vector<std::string> fields{"LineNum"};
+  for (int n = 1; n <= kMaxColumns; ++n) fields.push_back("c" + std::to_string(n));
+  fields.emplace_back("Excluded");
+  std::shared_ptr<RowStore> image = RowStore::Image("tft", fields);
+  std::array<std::string_view, kMaxColumns + 2> values{};
+  values[kMaxColumns + 1] = "N";
+  char lineText[8];
+
   // One transaction for the whole load; what was inserted before a Cancel or
   // a failure is committed all the same, so those rows stay in the table.
   engine.StartTrans();
@@ -162,9 +175,15 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
       PreparedStatement& insert = inserts.For(parsed.Count);
       insert.BindInt(1, lineNumber);
-      for (int n = 0; n < parsed.Count; ++n)
-        insert.BindTextNoCopy(n + 2, CleanCell(parsed.Columns[static_cast<std::size_t>(n)]));
+      for (int n = 1; n <= kMaxColumns; ++n) {
+        const auto cell = static_cast<std::size_t>(n);
+        values[cell] = n <= parsed.Count ? CleanCell(parsed.Columns[cell - 1]) : std::string_view();
+        if (n <= parsed.Count) insert.BindTextNoCopy(n + 1, values[cell]);
+      }
       insert.Run();
+      const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
+      values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
+      image->AppendImageRow(insert.LastRowId(), values.data());
       if (Run().BusyCancelled) break;
     }
   } catch (...) {
@@ -176,11 +195,14 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
     throw;
   }
   engine.CommtTrans();
+  engine.AdoptRows(std::move(image));
 }
 
 }  // namespace
 
 void ReplaceWorkingDatabase(const std::function<void(const char*)>& trace) {
+  // What was kept of the old file goes with it.
+  ReleaseDatabase();
   DeleteWorkingDatabase();
   trace("FileCopy sAppDir emptytft.mdb");
   CopyEmptyDatabase();

@@ -54,6 +54,39 @@ void RaiseDatabaseError(sqlite3* db, const std::string& source) {
   throw RuntimeError(err::DatabaseError, source, message + " (" + std::to_string(code) + ")");
 }
 
+std::shared_ptr<RowStore> RowStore::Image(const std::string& table, std::vector<std::string> fields) {
+  auto image = std::make_shared<RowStore>();
+  image->sql = "SELECT * FROM " + table;
+  image->table = table;
+  image->fetched = true;
+  image->fields = std::move(fields);
+  for (std::size_t i = 0; i < image->fields.size(); ++i) image->fieldByName.emplace(image->fields[i], static_cast<int>(i));
+  return image;
+}
+
+void RowStore::AppendImageRow(long long rowid, const std::string_view* values) {
+  rowids_.push_back(rowid);
+  nullBits_.resize(nullBits_.size() + (fields.size() + 63) / 64, 0);
+  for (std::size_t f = 0; f < fields.size(); ++f) {
+    starts_.push_back(static_cast<uint32_t>(arena_.size()));
+    arena_.append(values[f]);
+  }
+  starts_.push_back(static_cast<uint32_t>(arena_.size()));
+  edited_.push_back(-1);
+}
+
+bool RowStore::IsWholeTable() const {
+  if (table.empty()) return false;
+  const std::string whole = "select * from " + ToLower(table);
+  return EqualsNoCase(TrimBlanks(sql), whole);
+}
+
+void AdoptImage(Connection& connection, std::shared_ptr<RowStore> image) {
+  connection.lastRows = image;
+  connection.lastRowsGeneration = connection.generation;
+  connection.image = std::move(image);
+}
+
 std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& sql) {
   if (auto last = connection.lastRows.lock();
       last && SameSelect(last->sql, sql) && connection.lastRowsGeneration == connection.generation)
@@ -67,6 +100,8 @@ std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& s
   sqlite3_finalize(statement);
   connection.lastRows = store;
   connection.lastRowsGeneration = connection.generation;
+  // The load's image is no longer the rows a select would share.
+  connection.image.reset();
   return store;
 }
 
@@ -222,8 +257,10 @@ void RowStore::WriteThrough(Connection& connection, long row) {
   if (!added) sqlite3_bind_int64(statement, n, rowids_[r]);
   if (sqlite3_step(statement) != SQLITE_DONE) RaiseDatabaseError(connection.db, "Recordset.Update");
   if (added) rowids_[r] = sqlite3_last_insert_rowid(connection.db);
-  // The table changed: a later select must read it anew.
+  // The table changed: a later select must read it anew, unless these rows
+  // are the whole table's: they hold the change themselves.
   ++connection.generation;
+  if (connection.lastRows.lock().get() == this && IsWholeTable()) connection.lastRowsGeneration = connection.generation;
   for (const std::size_t i : changed) edited.dirty[i] = false;
 }
 

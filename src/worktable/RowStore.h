@@ -35,6 +35,15 @@ struct RowStore {
   // database makes one); fetching on first use spares those the cost.
   void Ensure(Connection& connection);
 
+  // The rows of a whole table as a load writes them, in table order, without
+  // reading them back: "SELECT * FROM table", updatable, every row appended
+  // with AppendImageRow after its insert.
+  static std::shared_ptr<RowStore> Image(const std::string& table, std::vector<std::string> fields);
+  // One row of the image: its row id and every field's text (none is Null).
+  void AppendImageRow(long long rowid, const std::string_view* values);
+  // The select of a whole table: its image stays exact under its own edits.
+  bool IsWholeTable() const;
+
   long Count() const { return static_cast<long>(rowids_.size()); }
   // A new row at the end, every field Null; Update (WriteThrough) inserts it
   // into the table.
@@ -74,6 +83,10 @@ struct RowStore {
 
 // The row id of a row added through the row set and not yet in the table.
 inline constexpr long long kNewRowId = -1;
+
+// Makes the image the rows a "SELECT * FROM" its table gives while nothing
+// else changes the table.
+void AdoptImage(Connection& connection, std::shared_ptr<RowStore> image);
 
 // A row set's rows for a select, fetched on first use. A "select * from t ..."
 // also fetches each row's id, which makes its rows updatable. The statement is

@@ -13,7 +13,7 @@
 namespace corvalin {
 
 void ResetWorkState() {
-  CloseDatabase();
+  ReleaseDatabase();
   TftRecords().reset();
   ForgetPrivateWorkingDatabase();
   ForgetRunInput();

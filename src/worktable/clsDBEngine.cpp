@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "shell/Error.h"
@@ -68,16 +70,56 @@ void PreparedStatement::Run() {
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection_->db, "clsDBEngine.Execute");
 }
 
+long long PreparedStatement::LastRowId() const { return sqlite3_last_insert_rowid(connection_->db); }
+
 // ---- clsDBEngine ----
 
 clsDBEngine::clsDBEngine() = default;
 clsDBEngine::~clsDBEngine() = default;
 
+namespace {
+
+// The count SQLite keeps of commits other connections made to the file.
+long long DataVersion(Connection& connection) {
+  sqlite3_stmt* statement = nullptr;
+  long long version = -1;
+  if (sqlite3_prepare_v2(connection.db, "PRAGMA data_version", -1, &statement, nullptr) == SQLITE_OK &&
+      sqlite3_step(statement) == SQLITE_ROW)
+    version = sqlite3_column_int64(statement, 0);
+  sqlite3_finalize(statement);
+  return version;
+}
+
+bool Identify(const std::string& path, unsigned long long& device, unsigned long long& inode) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) return false;
+  device = static_cast<unsigned long long>(info.st_dev);
+  inode = static_cast<unsigned long long>(info.st_ino);
+  return true;
+}
+
+// The closed connection may be taken up again: the same file, not replaced,
+// and not changed by another connection since it was closed.
+bool StillTheSameFile(Connection& connection, const std::string& path) {
+  unsigned long long device = 0;
+  unsigned long long inode = 0;
+  if (connection.path != path || !Identify(path, device, inode)) return false;
+  if (device != connection.device || inode != connection.inode) return false;
+  return DataVersion(connection) == connection.dataVersion;
+}
+
+}  // namespace
+
 std::any clsDBEngine::OpenDB() {
   // Opening an open connection is harmless: the connection stays as it was.
   if (connection_) return {};
-  auto connection = std::make_shared<Connection>();
   const std::string path = ResolveFileNameCase(pathToDB_);
+  if (closed_ && StillTheSameFile(*closed_, path)) {
+    connection_ = std::move(closed_);
+    return {};
+  }
+  closed_.reset();
+  auto connection = std::make_shared<Connection>();
   // Read and write, never create: a missing working database is a failure.
   // One thread uses it, so SQLite need not lock around every call.
   if (sqlite3_open_v2(path.c_str(), &connection->db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
@@ -88,6 +130,8 @@ std::any clsDBEngine::OpenDB() {
   ExecPlain(*connection, "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;", "clsDBEngine.OpenDB");
   // A file that is not a database fails here rather than at the first select.
   ExecPlain(*connection, "SELECT count(*) FROM sqlite_master;", "clsDBEngine.OpenDB");
+  connection->path = path;
+  Identify(path, connection->device, connection->inode);
   connection_ = std::move(connection);
   return {};
 }
@@ -95,7 +139,14 @@ std::any clsDBEngine::OpenDB() {
 void clsDBEngine::CloseDB() {
   // Closing a closed connection is harmless too. Row sets still holding the
   // file let it go when they are released.
+  if (!connection_) return;
+  connection_->dataVersion = DataVersion(*connection_);
+  closed_ = std::move(connection_);
+}
+
+void clsDBEngine::ReleaseDB() {
   connection_.reset();
+  closed_.reset();
 }
 
 std::shared_ptr<Connection> clsDBEngine::RequireOpen() const {
@@ -117,6 +168,8 @@ void clsDBEngine::Execute(int32_t& recordsAffected) {
 void clsDBEngine::StartTrans() { ExecPlain(*RequireOpen(), "BEGIN", "clsDBEngine.StartTrans"); }
 void clsDBEngine::RollbckTrans() { ExecPlain(*RequireOpen(), "ROLLBACK", "clsDBEngine.RollbckTrans"); }
 void clsDBEngine::CommtTrans() { ExecPlain(*RequireOpen(), "COMMIT", "clsDBEngine.CommtTrans"); }
+
+void clsDBEngine::AdoptRows(std::shared_ptr<RowStore> rows) { AdoptImage(*RequireOpen(), std::move(rows)); }
 
 std::unique_ptr<PreparedStatement> clsDBEngine::Prepare(const std::string& sql) {
   return std::make_unique<PreparedStatement>(RequireOpen(), sql);
@@ -143,5 +196,12 @@ void OpenDatabase() {
 }
 
 void CloseDatabase() { DatabaseEngine().CloseDB(); }
+
+void ReleaseDatabase() { DatabaseEngine().ReleaseDB(); }
+
+void AdoptLoadedRows(std::shared_ptr<RowStore> rows) {
+  clsDBEngine& engine = DatabaseEngine();
+  engine.AdoptRows(std::move(rows));
+}
 
 }  // namespace corvalin

@@ -17,6 +17,7 @@ struct sqlite3_stmt;
 namespace corvalin {
 
 struct Connection;
+struct RowStore;
 
 // A statement prepared once and run many times with bound text parameters:
 // the load of the working table uses it for its inserts.
@@ -34,6 +35,8 @@ class PreparedStatement {
   void BindTextNoCopy(int index, std::string_view text);
   // Runs the statement and resets it for the next binding.
   void Run();
+  // The row id of the last row an insert made.
+  long long LastRowId() const;
 
  private:
   std::shared_ptr<Connection> connection_;
@@ -48,8 +51,14 @@ class clsDBEngine {
   // Opens the file at PathToDB for reading and writing. An open connection
   // stays as it is (the "already open" error is swallowed).
   std::any OpenDB();
-  // Closes the connection; a closed one is no failure.
+  // Closes the connection; a closed one is no failure. The program closes and
+  // opens the working table again between each of its steps: the closed
+  // connection is kept aside and taken up again by the next opening of the
+  // same file, unless the file was replaced or changed by another since,
+  // so that what was read of it stays read.
   void CloseDB();
+  // Closes the connection for good: the file is let go (to be replaced).
+  void ReleaseDB();
   // Stored and never used.
   void CommDialog(void* dialog) { commDialog_ = dialog; }
 
@@ -68,6 +77,9 @@ class clsDBEngine {
   void CommtTrans();
 
   bool IsOpen() const { return connection_ != nullptr; }
+  // The rows just written to the whole table by the load, for the next
+  // "select *" of it on this connection (expects it open).
+  void AdoptRows(std::shared_ptr<RowStore> rows);
   // A prepared statement on the open connection.
   std::unique_ptr<PreparedStatement> Prepare(const std::string& sql);
 
@@ -75,6 +87,7 @@ class clsDBEngine {
   std::shared_ptr<Connection> RequireOpen() const;
 
   std::shared_ptr<Connection> connection_;
+  std::shared_ptr<Connection> closed_;
   void* commDialog_ = nullptr;
   std::string sqlString_;
   std::string pathToDB_;
@@ -90,6 +103,12 @@ std::shared_ptr<Recordset>& TftRecords();
 void OpenDatabase();
 // Closes the connection; TftRecords stays as it is.
 void CloseDatabase();
+// Closes it and lets go of the file, which is about to be replaced, or whose
+// screen is gone.
+void ReleaseDatabase();
+// Makes the rows the load just wrote the rows the next "Select * from tft"
+// gives, without reading the table back.
+void AdoptLoadedRows(std::shared_ptr<RowStore> rows);
 
 // The working database's file name where it is created; "tft.mdb" where it is
 // opened names the same file.
