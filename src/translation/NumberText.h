@@ -28,6 +28,13 @@ double CellNumber(std::string_view text);
 // padding and no cut.
 std::string FixedDecimalText(double value, int decimals);
 
+// The first fifteen significant digits of a positive magnitude, rounded as
+// the scientific writing of the formatter rounds them, and the place of the
+// point behind the digit pointAt (12.35 gives "123500000000000", 2). False
+// when the magnitude lies outside 1e-3 to 1e12 or too near a half for the
+// quick way to be sure; the formatter then decides.
+bool FifteenDigitsQuickly(double magnitude, char* digits, int& pointAt);
+
 // The shortest decimal text of a value (at most 15 significant digits, an
 // "E+nn" exponent from 1E+15 on); 0 for both zeros.
 std::string ShortestNumberText(double value);

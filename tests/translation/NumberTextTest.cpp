@@ -2,6 +2,10 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
+#include <random>
+
 #include <clocale>
 #include <string>
 
@@ -168,6 +172,52 @@ TEST(ShortestNumberText, FifteenDigitsThenAnExponent) {
   EXPECT_EQ(ShortestNumberText(999999999999999.0), "999999999999999");
   EXPECT_EQ(ShortestNumberText(1e15), "1E+15");
   EXPECT_EQ(ShortestNumberText(123456789012345678.0), "1.23456789012346E+17");
+}
+
+// The fifteen digits by the formatter's scientific writing, as the tree
+// list has always rounded from them.
+std::string FormatterDigits(double magnitude, int& pointAt) {
+  char buffer[40];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific, 14);
+  const std::string text(buffer, result.ptr);
+  pointAt = 1 + std::stoi(text.substr(text.find('e') + 1));
+  return text.substr(0, 1) + text.substr(2, 14);
+}
+
+TEST(FifteenDigitsQuickly, AgreesWithTheFormatterOnEveryMagnitudeItTakes) {
+  std::mt19937_64 random(20261123);
+  std::uniform_real_distribution<double> exponent(-3.0, 12.0);
+  std::uniform_int_distribution<int> tenths(0, 999999);
+  int taken = 0;
+  for (int i = 0; i < 400000; ++i) {
+    // Random magnitudes, and the products of typed decimals with the unit
+    // factors the records use: the values whose last digit decides.
+    const double magnitude = i % 2 == 0 ? std::pow(10.0, exponent(random))
+                                        : tenths(random) / 10.0 * (i % 4 == 1 ? 2.540005 : 0.3048006);
+    char digits[15];
+    int pointAt = 0;
+    if (!FifteenDigitsQuickly(magnitude, digits, pointAt)) continue;
+    ++taken;
+    int expectedPoint = 0;
+    const std::string expected = FormatterDigits(magnitude, expectedPoint);
+    ASSERT_EQ(std::string(digits, 15), expected) << magnitude;
+    ASSERT_EQ(pointAt, expectedPoint) << magnitude;
+  }
+  // Nearly all of them go the quick way.
+  EXPECT_GT(taken, 390000);
+}
+
+TEST(FifteenDigitsQuickly, LeavesPowersOfTenTheirFirstDigitAndOutOfRangeMagnitudesToTheFormatter) {
+  char digits[15];
+  int pointAt = 0;
+  for (double power : {1e-3, 1e-2, 0.1, 1.0, 10.0, 1e5, 1e11}) {
+    ASSERT_TRUE(FifteenDigitsQuickly(power, digits, pointAt)) << power;
+    int expectedPoint = 0;
+    EXPECT_EQ(std::string(digits, 15), FormatterDigits(power, expectedPoint)) << power;
+    EXPECT_EQ(pointAt, expectedPoint) << power;
+  }
+  EXPECT_FALSE(FifteenDigitsQuickly(1e12, digits, pointAt));
+  EXPECT_FALSE(FifteenDigitsQuickly(0.0009, digits, pointAt));
 }
 
 }  // namespace
