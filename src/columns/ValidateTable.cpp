@@ -173,15 +173,16 @@ constexpr std::array<CellCheck, 15> kCellChecks = {{
 }};
 
 // The cell checks of one row taking part, in their fixed order.
-bool CheckRow(const ValidationInput& input, ValidationResult& result, Recordset& rows, const CellFields& fields) {
+bool CheckRow(const ValidationInput& input, ValidationResult& result, const Recordset& rows, Recordset::Bookmark row,
+              const CellFields& fields) {
   const RunState& run = Run();
   // The cell's text as it stands; a Null cannot be read as text.
   const auto cell = [&](int16_t column) {
-    const auto value = rows.CellAt(fields.Of(column));
+    const auto value = rows.CellAt(row, fields.Of(column));
     if (!value) Raise(err::InvalidUseOfNull, "ValidateTable");
     return *value;
   };
-  const auto faultAtRow = [&](const char* text) { return Fault(result, text, -1, rows.GetBookmark()); };
+  const auto faultAtRow = [&](const char* text) { return Fault(result, text, -1, row); };
   if (run.ColPlotId != -1 && TrimBlanks(cell(run.ColPlotId)).empty()) return faultAtRow("Invalid Plot Id.");
   // The next three leave the selection where it is.
   if (run.ColTreeId != -1 && TrimBlanks(cell(run.ColTreeId)).empty()) return Fault(result, "Invalid Tree Id.");
@@ -246,25 +247,26 @@ ValidationResult ValidateTable(const ValidationInput& input) {
   }
 
   if (!input.rows) Raise(err::ObjectNotSet);
-  auto rows = input.rows->Clone();
+  const Recordset& rows = *input.rows;
   std::array<bool, 31> columnAssigned{};
   for (int16_t i = 1; i <= columnCount; i = Inc16(i))
     columnAssigned.at(static_cast<std::size_t>(i)) = HeadingIsAssigned(headings.at(static_cast<std::size_t>(i)));
-  const CellFields fields(*rows);
-  rows->MoveFirst();
-  const int excludedField = rows->IsEOF() ? -1 : rows->RequireField("Excluded");
-  while (!rows->IsEOF()) {
+  const CellFields fields(rows);
+  // Every row from the first, read in place by its bookmark: the grid's own
+  // position stays where it is.
+  const long rowCount = rows.RecordCount();
+  const int excludedField = rowCount == 0 ? -1 : rows.RequireField("Excluded");
+  for (Recordset::Bookmark row = 0; row < rowCount; ++row) {
     bool rowHasData = false;
-    for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
+    for (int16_t i = 1; i <= columnCount && !rowHasData; i = Inc16(i)) {
       if (!columnAssigned[static_cast<std::size_t>(i)]) continue;
       // Null counts as empty; blanks count as data.
-      const auto value = rows->CellAt(fields.Of(i));
+      const auto value = rows.CellAt(row, fields.Of(i));
       if (value && !value->empty()) rowHasData = true;
     }
-    if (rowHasData && rows->CellAt(excludedField).value_or(std::string_view()) == "N") {
-      if (!CheckRow(input, result, *rows, fields)) return result;
+    if (rowHasData && rows.CellAt(row, excludedField).value_or(std::string_view()) == "N") {
+      if (!CheckRow(input, result, rows, row, fields)) return result;
     }
-    rows->MoveNext();
   }
   result.valid = true;
   return result;

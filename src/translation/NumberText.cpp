@@ -104,8 +104,17 @@ double LeadingNumber(std::string_view text) {
       end = j;
     }
   }
-  const std::string number(text.substr(start, end - start));
-  const double value = strtod_l(number.c_str(), nullptr, ClassicLocale());
+  double value = 0.0;
+  // The usual prefix, digits with a point and no exponent, is read in place;
+  // the reading is the same correctly rounded one.
+  const char* first = text.data() + start + (text[start] == '+' ? 1 : 0);
+  const char* last = text.data() + end;
+  const bool plain = end == i;
+  const auto read = plain ? std::from_chars(first, last, value) : std::from_chars_result{first, std::errc::invalid_argument};
+  if (!plain || read.ec != std::errc() || read.ptr != last) {
+    const std::string number(text.substr(start, end - start));
+    value = strtod_l(number.c_str(), nullptr, ClassicLocale());
+  }
   if (!std::isfinite(value)) Raise(err::Overflow);
   return value;
 }

@@ -56,28 +56,33 @@ void WriteTreeList(RecordForm form, const TranslationRequest& request) {
 
   int16_t linesWritten = 0;
   RowCells cells{};
-  while (!rows.IsEOF()) {
-    const auto excluded = rows.CellAt(excludedField < 0 ? rows.RequireField("Excluded") : excludedField);
-    if (excluded && *excluded == "N") {
-      bool hasData = false;
-      for (int n = 1; n <= kTableColumns; ++n) {
-        const auto slot = static_cast<std::size_t>(n);
-        if (!read[slot]) continue;
-        const int index = field[slot] < 0 ? rows.RequireField("c" + std::to_string(n)) : field[slot];
-        const auto cell = rows.CellAt(index);
-        cells[slot] = cell.value_or(std::string_view());
-        if (identified[slot] && cell && !cell->empty()) hasData = true;
-      }
-      // The record is made for every row taking part, data or not.
-      const std::string record = form == RecordForm::Metric ? BcRecord(setup, cells) : UsRecord(setup, cells);
-      if (hasData) {
-        WriteOutputLine(record);
-        // The count is 16-bit: record 32,768 is written, then the count overflows.
-        linesWritten = Inc16(linesWritten);
-        ShowBusy(ApplicationTitle, kBusyText + std::to_string(linesWritten));
-      }
+  const int excluded = excludedField < 0 ? rows.RequireField("Excluded") : excludedField;
+  for (int n = 1; n <= kTableColumns; ++n) {
+    const auto slot = static_cast<std::size_t>(n);
+    // A column the row set lacks fails as reading it by name would.
+    if (read[slot] && field[slot] < 0) field[slot] = rows.RequireField("c" + std::to_string(n));
+  }
+  // Every row from the first, read in place by its bookmark.
+  const long rowCount = rows.RecordCount();
+  for (Recordset::Bookmark row = 0; row < rowCount; ++row) {
+    const auto excludedCell = rows.CellAt(row, excluded);
+    if (!excludedCell || *excludedCell != "N") continue;
+    bool hasData = false;
+    for (int n = 1; n <= kTableColumns; ++n) {
+      const auto slot = static_cast<std::size_t>(n);
+      if (!read[slot]) continue;
+      const auto cell = rows.CellAt(row, field[slot]);
+      cells[slot] = cell.value_or(std::string_view());
+      if (identified[slot] && cell && !cell->empty()) hasData = true;
     }
-    rows.MoveNext();
+    // The record is made for every row taking part, data or not.
+    const std::string record = form == RecordForm::Metric ? BcRecord(setup, cells) : UsRecord(setup, cells);
+    if (hasData) {
+      WriteOutputLine(record);
+      // The count is 16-bit: record 32,768 is written, then the count overflows.
+      linesWritten = Inc16(linesWritten);
+      ShowBusyCount(ApplicationTitle, kBusyText, linesWritten);
+    }
   }
 
   CloseDatabase();

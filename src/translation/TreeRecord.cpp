@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -67,34 +68,71 @@ RecordSetup ColumnsOf(const RunState& state) {
 
 std::string UnassignedField(int width) { return std::string(static_cast<std::size_t>(width), ' '); }
 
-std::string RightTextField(std::string_view cell, int width) {
-  std::string_view text = TrimmedView(cell);
-  if (text.size() > static_cast<std::size_t>(width)) text = text.substr(0, static_cast<std::size_t>(width));
-  return PadLeft(text, width);
+namespace {
+
+// The blanks in front of a text of width at most `width`.
+void AppendPadded(std::string& out, std::string_view text, int width) {
+  out.append(static_cast<std::size_t>(width) - text.size(), ' ');
+  out.append(text);
 }
 
-std::string LeftTextField(std::string_view cell, int width) {
-  std::string_view text = TrimmedView(cell);
-  if (text.size() > static_cast<std::size_t>(width)) text = text.substr(0, static_cast<std::size_t>(width));
-  std::string field(text);
-  field.append(static_cast<std::size_t>(width) - text.size(), ' ');
-  return field;
+std::string_view CutTo(std::string_view text, int width) {
+  return text.size() > static_cast<std::size_t>(width) ? text.substr(0, static_cast<std::size_t>(width)) : text;
 }
 
-std::string NumberField(std::string_view cell, int width, int decimals, double factor) {
+// The fields as the record writes them, straight into its line.
+void AppendRightText(std::string& out, std::string_view cell, int width) {
+  AppendPadded(out, CutTo(TrimmedView(cell), width), width);
+}
+
+void AppendLeftText(std::string& out, std::string_view cell, int width) {
+  const std::string_view text = CutTo(TrimmedView(cell), width);
+  out.append(text);
+  out.append(static_cast<std::size_t>(width) - text.size(), ' ');
+}
+
+void AppendNumber(std::string& out, std::string_view cell, int width, int decimals, double factor) {
   const std::string_view text = TrimmedView(cell);
-  if (text.empty()) return UnassignedField(width);
+  if (text.empty()) {
+    out.append(static_cast<std::size_t>(width), ' ');
+    return;
+  }
   const double value = CellNumber(text) * factor;
   if (!std::isfinite(value)) Raise(err::Overflow);
   // An exact 0 (a count, a diameter or a height of 0, or a factor of 0 for a
   // unit the record does not know) leaves the field blank; a value that only
   // rounds to 0 still prints.
-  if (value == 0.0) return UnassignedField(width);
+  if (value == 0.0) {
+    out.append(static_cast<std::size_t>(width), ' ');
+    return;
+  }
   const std::string number = FixedDecimalText(value, decimals);
   // Too wide a number loses its high digits: validation keeps such values out.
-  if (number.size() > static_cast<std::size_t>(width))
-    return number.substr(number.size() - static_cast<std::size_t>(width));
-  return PadLeft(number, width);
+  if (number.size() > static_cast<std::size_t>(width)) {
+    out.append(number, number.size() - static_cast<std::size_t>(width), std::string::npos);
+    return;
+  }
+  AppendPadded(out, number, width);
+}
+
+}  // namespace
+
+std::string RightTextField(std::string_view cell, int width) {
+  std::string field;
+  AppendRightText(field, cell, width);
+  return field;
+}
+
+std::string LeftTextField(std::string_view cell, int width) {
+  std::string field;
+  AppendLeftText(field, cell, width);
+  return field;
+}
+
+std::string NumberField(std::string_view cell, int width, int decimals, double factor) {
+  std::string field;
+  AppendNumber(field, cell, width, decimals, factor);
+  return field;
 }
 
 double RoundValue(double value, int digits) {
@@ -276,27 +314,33 @@ double FactorOf(const RecordSetup& s, Scale scale) {
   return 1;
 }
 
-// One field of the record: blanks of its width when its type has no column
-// (the crown ratio's is one blank, its width).
-std::string FieldText(const Field& field, const RecordSetup& s, const RowCells& cells) {
+// One field of the record, appended to its line: blanks of its width when its
+// type has no column (the crown ratio's is one blank, its width).
+void AppendField(std::string& record, const Field& field, const RecordSetup& s, const RowCells& cells) {
   const int16_t column = s.*field.column;
-  if (column == -1) return UnassignedField(field.width);
-  const std::string_view cell = Cell(cells, column);
-  switch (field.form) {
-    case Form::Right: return RightTextField(cell, field.width);
-    case Form::RightUpper: return ToUpper(RightTextField(cell, field.width));
-    case Form::LeftUpper: return ToUpper(LeftTextField(cell, field.width));
-    case Form::Number: return NumberField(cell, field.width, field.decimals, FactorOf(s, field.scale));
-    case Form::Slope: return SlopeField(cell, field.width, s.SlopeIsPercent);
-    case Form::CrownRatio: return CrownRatioField(cell, s.UnitsCrownRatio);
+  if (column == -1) {
+    record.append(static_cast<std::size_t>(field.width), ' ');
+    return;
   }
-  return UnassignedField(field.width);
+  const std::string_view cell = Cell(cells, column);
+  const std::size_t start = record.size();
+  switch (field.form) {
+    case Form::Right: AppendRightText(record, cell, field.width); return;
+    case Form::RightUpper: AppendRightText(record, cell, field.width); break;
+    case Form::LeftUpper: AppendLeftText(record, cell, field.width); break;
+    case Form::Number: AppendNumber(record, cell, field.width, field.decimals, FactorOf(s, field.scale)); return;
+    case Form::Slope: record += SlopeField(cell, field.width, s.SlopeIsPercent); return;
+    case Form::CrownRatio: record += CrownRatioField(cell, s.UnitsCrownRatio); return;
+  }
+  // The species code in capitals, by the user's locale as ToUpper has it.
+  for (std::size_t i = start; i < record.size(); ++i)
+    record[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(record[i])));
 }
 
 std::string RecordOf(const std::array<Field, 21>& layout, int length, const RecordSetup& s, const RowCells& cells) {
   std::string record;
   record.reserve(static_cast<std::size_t>(length) + 8);
-  for (const Field& field : layout) record += FieldText(field, s, cells);
+  for (const Field& field : layout) AppendField(record, field, s, cells);
   return record;
 }
 

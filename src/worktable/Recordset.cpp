@@ -73,11 +73,10 @@ std::optional<std::string_view> Recordset::CellAt(int fieldIndex) const {
   return Store().Cell(position_, fieldIndex);
 }
 
-std::optional<std::string_view> Recordset::CellAt(Bookmark row, int fieldIndex) const {
-  RowStore& store = Store();
-  if (row < 0 || row >= store.Count()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
-  if (fieldIndex < 0 || fieldIndex >= store.Width()) Raise(kItemNotFound, "Recordset");
-  return store.Cell(row, fieldIndex);
+void Recordset::RaiseNoCell(Bookmark row, int fieldIndex) const {
+  if (row < 0 || row >= rows_->Count()) Raise(kNoCurrentRecord, "Recordset", kNoCurrentRecordText);
+  (void)fieldIndex;
+  Raise(kItemNotFound, "Recordset");
 }
 
 std::optional<std::string> Recordset::ValueAt(int fieldIndex) const {

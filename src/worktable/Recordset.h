@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "worktable/RowStore.h"
+
 namespace corvalin {
 
 struct Connection;
@@ -53,7 +55,12 @@ class Recordset {
   std::optional<std::string_view> CellAt(int fieldIndex) const;
   // Any row's value, by bookmark and field, without moving and without a
   // copy: what a grid paints a cell from. Valid until that row is changed.
-  std::optional<std::string_view> CellAt(Bookmark row, int fieldIndex) const;
+  std::optional<std::string_view> CellAt(Bookmark row, int fieldIndex) const {
+    if (!rows_->fetched) rows_->Ensure(*connection_);
+    if (row < 0 || row >= rows_->Count() || fieldIndex < 0 || fieldIndex >= rows_->Width())
+      RaiseNoCell(row, fieldIndex);
+    return rows_->Cell(row, fieldIndex);
+  }
 
   // Changes the current row's field (seen at once by every clone).
   void SetValue(std::string_view name, const std::string& value);
@@ -88,6 +95,7 @@ class Recordset {
   void Find(std::string_view criteria);
 
  private:
+  [[noreturn]] void RaiseNoCell(Bookmark row, int fieldIndex) const;
   void RequireCurrent() const;
   RowStore& Store() const;
 

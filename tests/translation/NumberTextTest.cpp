@@ -220,5 +220,21 @@ TEST(FifteenDigitsQuickly, LeavesPowersOfTenTheirFirstDigitAndOutOfRangeMagnitud
   EXPECT_FALSE(FifteenDigitsQuickly(0.0009, digits, pointAt));
 }
 
+TEST(LeadingNumber, ReadsEveryPlainPrefixAsTheCLibraryDoes) {
+  std::mt19937_64 random(7);
+  std::uniform_int_distribution<int> digit(0, 9);
+  std::uniform_int_distribution<int> length(1, 18);
+  for (int i = 0; i < 100000; ++i) {
+    std::string text = i % 3 == 0 ? "-" : (i % 3 == 1 ? "+" : "");
+    const int whole = length(random) % 8;
+    for (int k = 0; k < whole; ++k) text += static_cast<char>('0' + digit(random));
+    text += '.';
+    const int fraction = length(random);
+    for (int k = 0; k < fraction; ++k) text += static_cast<char>('0' + digit(random));
+    text += i % 2 == 0 ? "x" : " 12";
+    ASSERT_EQ(LeadingNumber(text), std::strtod(text.c_str(), nullptr)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace corvalin
