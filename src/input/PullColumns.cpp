@@ -82,7 +82,9 @@ void LineSplitter::Split(std::string_view line, ParsedLine& out) const {
     // The scan counts positions in 16 bits and steps one past the last
     // character: a line this long cannot be counted.
     if (line.size() > kLongestDelimitedLine) Raise(err::Overflow);
-    if (qualified_)
+    if (qualified_ && line.find(qualifier_) == std::string_view::npos)
+      UnquotedQualifierSplit(line, out);
+    else if (qualified_)
       QualifierSplit(line, out);
     else
       PlainSplit(line, out);
@@ -180,6 +182,51 @@ void LineSplitter::QualifierSplit(std::string_view line, ParsedLine& out) const 
     cell->append(line.substr(i));
     count = kMaxColumns;
   } else if (state != State::FieldStart) {
+    ++count;
+  }
+  out.Count = static_cast<int16_t>(count);
+}
+
+// QualifierSplit of a line in which the qualifier does not occur, as most
+// lines of a survey file are: the same cells, each taken in one piece.
+void LineSplitter::UnquotedQualifierSplit(std::string_view line, ParsedLine& out) const {
+  const char* text = line.data();
+  const std::size_t length = line.size();
+  int count = 0;
+  std::size_t i = 0;
+  std::string* cell = &out.Columns[0];
+  cell->clear();
+  const auto makeCell = [&] {
+    ++count;
+    if (count < kMaxColumns) {
+      cell = &out.Columns[static_cast<std::size_t>(count)];
+      cell->clear();
+    }
+  };
+  bool inField = false;
+  while (i < length && count < kMaxSplits) {
+    if (IsDelimiter(text[i])) {
+      if (!format_.ConsecutiveAsOne) makeCell();
+      ++i;
+      continue;
+    }
+    // A cell runs to the next delimiter.
+    std::size_t end = i + 1;
+    while (end < length && !IsDelimiter(text[end])) ++end;
+    cell->assign(text + i, end - i);
+    i = end;
+    if (i < length) {
+      makeCell();
+      ++i;
+    } else {
+      inField = true;
+    }
+  }
+  if (i < length && count == kMaxSplits) {
+    // The rest of a long line goes into cell 30 as it stands.
+    cell->append(line.substr(i));
+    count = kMaxColumns;
+  } else if (inField) {
     ++count;
   }
   out.Count = static_cast<int16_t>(count);

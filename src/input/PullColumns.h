@@ -39,6 +39,7 @@ class LineSplitter {
  private:
   void PlainSplit(std::string_view line, ParsedLine& out) const;
   void QualifierSplit(std::string_view line, ParsedLine& out) const;
+  void UnquotedQualifierSplit(std::string_view line, ParsedLine& out) const;
   void FixedSplit(std::string_view line, ParsedLine& out) const;
 
   ColumnFormat format_;

@@ -18,6 +18,14 @@ void ShowBusy(const std::string& title, const std::string& text) {
   UI().DoEvents();
 }
 
+void ShowBusyCount(const std::string& title, const std::string& prefix, long count) {
+  if (Run().CommandLineMode) {
+    UI().DoEvents();
+    return;
+  }
+  ShowBusy(title, prefix + std::to_string(count));
+}
+
 void HideBusy() {
   if (!Run().CommandLineMode) {
     UI().HideBusyWindow();

@@ -10,6 +10,9 @@ namespace corvalin {
 // busy window with this title and text, then lets pending events run (which
 // is when its Cancel can arrive).
 void ShowBusy(const std::string& title, const std::string& text);
+// The same with the text prefix + count, put together only where a window
+// shows it: the loops of the load and the translation call it per line.
+void ShowBusyCount(const std::string& title, const std::string& prefix, long count);
 // Takes the busy window down (interactive run) and lets pending events run.
 void HideBusy();
 

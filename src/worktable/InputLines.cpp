@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #include "shell/Error.h"
@@ -34,11 +35,13 @@ InputLines::InputLines(const std::string& path, std::size_t longestLine) : longe
   if (fd_ < 0) RaiseFileError(errno);
   struct stat info {};
   regular_ = ::fstat(fd_, &info) == 0 && S_ISREG(info.st_mode);
+  if (regular_) knownSize_ = static_cast<std::size_t>(info.st_size);
   endOfFile_ = false;
 }
 
 InputLines InputLines::FromText(std::string text, std::size_t longestLine) {
   InputLines lines;
+  lines.knownSize_ = text.size();
   lines.buffer_ = std::move(text);
   lines.longestLine_ = longestLine;
   return lines;
@@ -55,6 +58,7 @@ InputLines& InputLines::operator=(InputLines&& other) noexcept {
     tooLong_ = other.tooLong_;
     started_ = other.started_;
     longestLine_ = other.longestLine_;
+    knownSize_ = other.knownSize_;
     buffer_ = std::move(other.buffer_);
     position_ = other.position_;
   }
@@ -104,11 +108,28 @@ void InputLines::SkipByteOrderMark() {
   started_ = true;
 }
 
+namespace {
+
+// Where the line that goes on at `from` ends: its first CR or LF, or the end
+// of what is held. The library's byte search does it a word at a time.
+std::size_t LineEnd(const std::string& text, std::size_t from) {
+  const char* begin = text.data() + from;
+  const std::size_t rest = text.size() - from;
+  const void* lineFeed = std::memchr(begin, '\n', rest);
+  const std::size_t untilLineFeed = lineFeed != nullptr ? static_cast<std::size_t>(static_cast<const char*>(lineFeed) - begin) : rest;
+  const void* carriageReturn = std::memchr(begin, '\r', untilLineFeed);
+  const std::size_t length =
+      carriageReturn != nullptr ? static_cast<std::size_t>(static_cast<const char*>(carriageReturn) - begin) : untilLineFeed;
+  return from + length;
+}
+
+}  // namespace
+
 void InputLines::Next(std::string_view& line) {
   started_ = true;
   std::size_t end = position_;
   for (;;) {
-    while (end < buffer_.size() && buffer_[end] != '\r' && buffer_[end] != '\n') ++end;
+    end = LineEnd(buffer_, end);
     if (end - position_ > longestLine_) {
       // The line cannot be counted: what is in hand is enough to say so.
       tooLong_ = true;

@@ -44,6 +44,9 @@ class InputLines {
   bool LineTooLong() const { return tooLong_; }
   // A regular file can be opened and read again; a pipe or a device cannot.
   bool FromRegularFile() const { return regular_; }
+  // The bytes the input holds, when known before reading it (a file, a
+  // text); 0 for a stream.
+  std::size_t KnownSize() const { return knownSize_; }
 
  private:
   InputLines() = default;
@@ -56,6 +59,7 @@ class InputLines {
   bool tooLong_ = false;
   bool started_ = false;
   std::size_t longestLine_ = kNoLimit;
+  std::size_t knownSize_ = 0;
   std::string buffer_;
   std::size_t position_ = 0;
 };

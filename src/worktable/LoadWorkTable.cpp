@@ -1,5 +1,6 @@
 #include "worktable/LoadWorkTable.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cerrno>
@@ -28,32 +29,85 @@ namespace {
 constexpr const char* kBusyTitle = "Working:  Please wait...";
 constexpr const char* kBusyText = "Pulling columns from line: ";
 
-// The inserts of the load, one for each count of cells a line can have. A
-// line's cells past its count are empty, so they go in as literal empty
-// texts and only the cells the line has are bound: most survey files use few
-// of the 30 columns. The cells are bound as they are: a bound text needs no
-// doubled quotes, and stores what a quoted literal would have stored.
+// The inserts of the load. A line's cells past its count are empty, so they
+// go in as literal empty texts and only the cells the line has are bound:
+// most survey files use few of the 30 columns. The cells are bound as they
+// are: a bound text needs no doubled quotes, and stores what a quoted literal
+// would have stored. Lines come into the table a block at a time: one
+// statement inserts kBlockRows lines, which spares SQLite most of its work
+// per statement; it binds as many cells of each as the widest line of the
+// block has (the image holds the empty cells past a line's count). The
+// lines of a last, short block go one by one.
 class RowInserts {
  public:
-  explicit RowInserts(clsDBEngine& engine) : engine_(engine) {}
+  static constexpr int kBlockRows = 64;
 
-  PreparedStatement& For(int count) {
-    std::unique_ptr<PreparedStatement>& insert = byCount_.at(static_cast<std::size_t>(count));
-    if (!insert) insert = engine_.Prepare(Statement(count));
-    return *insert;
+  RowInserts(clsDBEngine& engine, RowStore& image) : engine_(engine), image_(image) {}
+
+  // A line cut into its cells, kept in the image; it reaches the table with
+  // its block, or at the latest at Flush.
+  void Add(int16_t lineNumber, int count, const std::string_view* values) {
+    if (pending_ == 0) {
+      firstPending_ = image_.Count();
+      pendingCount_ = 0;
+    }
+    counts_[static_cast<std::size_t>(pending_)] = static_cast<int16_t>(count);
+    if (count > pendingCount_) pendingCount_ = count;
+    lineNumbers_[static_cast<std::size_t>(pending_++)] = lineNumber;
+    image_.AppendImageRow(0, values);
+    if (pending_ == kBlockRows) Flush();
+  }
+
+  // Inserts the lines still waiting, and gives each its row id in the image.
+  void Flush() {
+    if (pending_ == 0) return;
+    const int rows = pending_ == kBlockRows ? kBlockRows : 1;
+    for (int done = 0; done < pending_; done += rows) {
+      int parameter = 1;
+      const int width = rows == 1 ? counts_[static_cast<std::size_t>(done)] : pendingCount_;
+      PreparedStatement& insert = For(width, rows);
+      for (int r = 0; r < rows; ++r) {
+        const long row = firstPending_ + done + r;
+        insert.BindInt(parameter++, lineNumbers_[static_cast<std::size_t>(done + r)]);
+        // The cells as the image holds them: they stay put until the next line.
+        for (int n = 1; n <= width; ++n) insert.BindTextNoCopy(parameter++, *image_.Cell(row, n));
+      }
+      insert.Run();
+      const long long last = insert.LastRowId();
+      for (int r = 0; r < rows; ++r) image_.SetRowId(firstPending_ + done + r, last - rows + 1 + r);
+    }
+    pending_ = 0;
   }
 
  private:
-  static std::string Statement(int count) {
+  PreparedStatement& For(int count, int rows) {
+    std::unique_ptr<PreparedStatement>& insert =
+        (rows == 1 ? single_ : block_).at(static_cast<std::size_t>(count));
+    if (!insert) insert = engine_.Prepare(Statement(count, rows));
+    return *insert;
+  }
+
+  static std::string Statement(int count, int rows) {
     std::string sql = "INSERT INTO tft (LineNum";
     for (int n = 1; n <= kMaxColumns; ++n) sql += ",c" + std::to_string(n);
-    sql += ",Excluded) VALUES (?";
-    for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
-    return sql + ",'N')";
+    sql += ",Excluded) VALUES ";
+    for (int r = 0; r < rows; ++r) {
+      sql += r == 0 ? "(?" : ",(?";
+      for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
+      sql += ",'N')";
+    }
+    return sql;
   }
 
   clsDBEngine& engine_;
-  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> byCount_{};
+  RowStore& image_;
+  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> single_{};
+  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> block_{};
+  std::array<int16_t, kBlockRows> lineNumbers_{};
+  std::array<int16_t, kBlockRows> counts_{};
+  long firstPending_ = 0;
+  int pendingCount_ = 0;
+  int pending_ = 0;
 };
 
 // A failure of the file system as the run-time error it stands for.
@@ -121,6 +175,7 @@ class LoadLinesSource {
     if (input_.linesTaken == 0) input_.lines.SkipByteOrderMark();
   }
   bool AtEnd() { return taken_ >= input_.linesTaken && input_.lines.AtEnd(); }
+  std::size_t KnownSize() const { return input_.lines.KnownSize(); }
   void Next(std::string_view& line) {
     if (taken_ < input_.linesTaken) {
       line = Run().InputPreview.at(static_cast<std::size_t>(taken_++));
@@ -142,9 +197,6 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   const LineSplitter splitter(format);
   ParsedLine parsed;
   clsDBEngine& engine = DatabaseEngine();
-  RowInserts inserts(engine);
-  std::string busyText = kBusyText;
-  const std::size_t busyTextLength = busyText.size();
 
   // The rows as the table now holds them, kept as they are inserted: the
   // grid, the validation and the translation read them from here instead of
@@ -153,9 +205,18 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   for (int n = 1; n <= kMaxColumns; ++n) fields.push_back("c" + std::to_string(n));
   fields.emplace_back("Excluded");
   std::shared_ptr<RowStore> image = RowStore::Image("tft", fields);
+  // The cells of a line are never longer than the line, and each row adds
+  // its line number and exclusion mark; a file's size bounds them all. Past
+  // the cap (a file mostly refused at its first lines) the rows grow as read.
+  constexpr std::size_t kRowsAtMost = 32767;
+  constexpr std::size_t kMarksPerRow = 6;
+  constexpr std::size_t kCellBytesReservedAtMost = std::size_t{64} << 20;
+  image->ReserveImage(static_cast<long>(kRowsAtMost),
+                      std::min(input.KnownSize(), kCellBytesReservedAtMost) + kRowsAtMost * kMarksPerRow);
   std::array<std::string_view, kMaxColumns + 2> values{};
   values[kMaxColumns + 1] = "N";
   char lineText[8];
+  RowInserts inserts(engine, *image);
 
   // One transaction for the whole load; what was inserted before a Cancel or
   // a failure is committed all the same, so those rows stay in the table.
@@ -165,28 +226,29 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
     std::string_view line;
     while (!input.AtEnd()) {
       lineNumber = Inc16(lineNumber);
-      busyText.resize(busyTextLength);
-      busyText += std::to_string(lineNumber);
-      ShowBusy(kBusyTitle, busyText);
+      ShowBusyCount(kBusyTitle, kBusyText, lineNumber);
       input.Next(line);
       RefuseNullCharacter(line, lineNumber);
       RefuseLineTooLong(line);
       splitter.Split(line, parsed);
       if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
-      PreparedStatement& insert = inserts.For(parsed.Count);
-      insert.BindInt(1, lineNumber);
       for (int n = 1; n <= kMaxColumns; ++n) {
         const auto cell = static_cast<std::size_t>(n);
         values[cell] = n <= parsed.Count ? CleanCell(parsed.Columns[cell - 1]) : std::string_view();
-        if (n <= parsed.Count) insert.BindTextNoCopy(n + 1, values[cell]);
       }
-      insert.Run();
       const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
       values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
-      image->AppendImageRow(insert.LastRowId(), values.data());
+      inserts.Add(lineNumber, parsed.Count, values.data());
       if (Run().BusyCancelled) break;
     }
+    inserts.Flush();
   } catch (...) {
+    try {
+      // The lines cut before the failure reach the table all the same.
+      inserts.Flush();
+    } catch (...) {
+      // The first failure is the one to report.
+    }
     try {
       engine.CommtTrans();
     } catch (...) {

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cctype>
+#include <cstring>
 #include <memory>
 
 #include "shell/Error.h"
@@ -64,15 +65,36 @@ std::shared_ptr<RowStore> RowStore::Image(const std::string& table, std::vector<
   return image;
 }
 
+void RowStore::ReserveImage(long rows, std::size_t cellBytes) {
+  const auto count = static_cast<std::size_t>(rows);
+  const std::size_t width = fields.size();
+  rowids_.reserve(count);
+  edited_.reserve(count);
+  nullBits_.reserve(count * ((width + 63) / 64));
+  starts_.reserve(count * (width + 1));
+  arena_.reserve(cellBytes);
+}
+
 void RowStore::AppendImageRow(long long rowid, const std::string_view* values) {
+  const std::size_t width = fields.size();
   rowids_.push_back(rowid);
-  nullBits_.resize(nullBits_.size() + (fields.size() + 63) / 64, 0);
-  for (std::size_t f = 0; f < fields.size(); ++f) {
-    starts_.push_back(static_cast<uint32_t>(arena_.size()));
-    arena_.append(values[f]);
-  }
-  starts_.push_back(static_cast<uint32_t>(arena_.size()));
+  nullBits_.resize(nullBits_.size() + (width + 63) / 64, 0);
   edited_.push_back(-1);
+  // The row's cells go in at once: one growth of the buffer per row.
+  std::size_t length = 0;
+  for (std::size_t f = 0; f < width; ++f) length += values[f].size();
+  std::size_t at = arena_.size();
+  arena_.resize(at + length);
+  const std::size_t firstStart = starts_.size();
+  starts_.resize(firstStart + width + 1);
+  uint32_t* start = starts_.data() + firstStart;
+  char* cells = arena_.data();
+  for (std::size_t f = 0; f < width; ++f) {
+    start[f] = static_cast<uint32_t>(at);
+    if (!values[f].empty()) std::memcpy(cells + at, values[f].data(), values[f].size());
+    at += values[f].size();
+  }
+  start[width] = static_cast<uint32_t>(at);
 }
 
 bool RowStore::IsWholeTable() const {
@@ -149,20 +171,6 @@ void RowStore::Fetch(Connection& connection) {
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection.db, "clsDBEngine.RetreiveRecords");
   edited_.assign(rowids_.size(), -1);
   table = hasRowId ? tableName : std::string();  // only a select * is updatable
-}
-
-std::optional<std::string_view> RowStore::Cell(long row, int field) const {
-  const auto r = static_cast<std::size_t>(row);
-  const auto f = static_cast<std::size_t>(field);
-  if (edited_[r] >= 0) {
-    const EditedRow& edited = editedRows_[static_cast<std::size_t>(edited_[r])];
-    if (edited.isNull[f]) return std::nullopt;
-    return std::string_view(edited.cells[f]);
-  }
-  const std::size_t words = (fields.size() + 63) / 64;
-  if ((nullBits_[r * words + f / 64] >> (f % 64)) & 1U) return std::nullopt;
-  const std::size_t base = r * (fields.size() + 1);
-  return std::string_view(arena_).substr(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
 }
 
 EditedRow& RowStore::EditedCopy(long row) {

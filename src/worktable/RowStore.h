@@ -39,8 +39,15 @@ struct RowStore {
   // reading them back: "SELECT * FROM table", updatable, every row appended
   // with AppendImageRow after its insert.
   static std::shared_ptr<RowStore> Image(const std::string& table, std::vector<std::string> fields);
+  // Room for the rows a load can bring, taken at once: growing the buffers
+  // row by row would copy them each time they double and leave the old
+  // copies behind as holes a reload cannot reuse. Room that no row fills is
+  // never touched, so it costs no memory.
+  void ReserveImage(long rows, std::size_t cellBytes);
   // One row of the image: its row id and every field's text (none is Null).
   void AppendImageRow(long long rowid, const std::string_view* values);
+  // The row id the table gave a row of the image once it was inserted.
+  void SetRowId(long row, long long rowid) { rowids_[static_cast<std::size_t>(row)] = rowid; }
   // The select of a whole table: its image stays exact under its own edits.
   bool IsWholeTable() const;
 
@@ -49,8 +56,21 @@ struct RowStore {
   // into the table.
   long AddRow();
   int Width() const { return static_cast<int>(fields.size()); }
-  // The cell of a row; nullopt is Null.
-  std::optional<std::string_view> Cell(long row, int field) const;
+  // The cell of a row; nullopt is Null. Inline: the grid's paint, the
+  // validation and the translation read every cell through it.
+  std::optional<std::string_view> Cell(long row, int field) const {
+    const auto r = static_cast<std::size_t>(row);
+    const auto f = static_cast<std::size_t>(field);
+    if (edited_[r] >= 0) {
+      const EditedRow& edited = editedRows_[static_cast<std::size_t>(edited_[r])];
+      if (edited.isNull[f]) return std::nullopt;
+      return std::string_view(edited.cells[f]);
+    }
+    const std::size_t words = (fields.size() + 63) / 64;
+    if ((nullBits_[r * words + f / 64] >> (f % 64)) & 1U) return std::nullopt;
+    const std::size_t base = r * (fields.size() + 1);
+    return std::string_view(arena_).substr(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
+  }
   void SetCell(long row, int field, const std::string& value);
   // Writes the row's changed fields to the table and clears their marks; a
   // new row is inserted.

@@ -1,6 +1,7 @@
 // The splitter in its three modes, the delimiter test and the cell clean-up.
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -419,6 +420,37 @@ TEST_F(SurveyFile, QualifierSplitDropsTheEmptyTrailingCells) {
 TEST_F(SurveyFile, FixedSplitCutsThePlotNumberAndTheRest) {
   EXPECT_EQ(Cells(Fixed({15, 17, 19}), lines[2]), (Row{"670951075126144", ",1", ",2", ",1,108.0,1.0,9,9,3,74.965282"}));
   EXPECT_EQ(Cells(Fixed({6, 11}), lines[0]), (Row{"PLT_CN", ",SUBP", ",TREE,STATUSCD,SPCD,DIA,HT,ACTUALHT,CCLCD,TPA_UNADJ"}));
+}
+
+// A line without the qualifier is cut in one piece per cell; the cells must be
+// those of the character-by-character reading. A single quote inside a cell
+// is text to that reading, so the same line with the single quote as the
+// qualifier goes the long way and must give the same cells.
+TEST(QualifierSplit, ALineWithoutTheQualifierGivesTheCellsOfTheLongReading) {
+  std::mt19937 random(11);
+  const std::string alphabet = "ab1.,, ;'";
+  std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+  std::uniform_int_distribution<int> length(0, 90);
+  for (const bool consecutive : {false, true}) {
+    const LineSplitter quick(Qualified(QualifierDoubleQuote, ",;", consecutive));
+    const LineSplitter slow(Qualified(QualifierSingleQuote, ",;", consecutive));
+    for (int n = 0; n < 20000; ++n) {
+      std::string line;
+      const int size = length(random);
+      for (int k = 0; k < size; ++k) {
+        char c = alphabet[pick(random)];
+        // A single quote only inside a cell, where it is no qualifier.
+        if (c == '\'' && (line.empty() || line.back() == ',' || line.back() == ';')) c = 'q';
+        line += c;
+      }
+      ParsedLine a;
+      ParsedLine b;
+      quick.Split(line, a);
+      slow.Split(line, b);
+      ASSERT_EQ(a.Count, b.Count) << line;
+      for (int c = 1; c <= kMaxColumns; ++c) ASSERT_EQ(a.Column(c), b.Column(c)) << line << " cell " << c;
+    }
+  }
 }
 
 }  // namespace
