@@ -9,17 +9,11 @@
 
 #include "screens/BatchRun.h"
 #include "screens/frmMain.h"
+#include "shell/DesktopModule.h"
 #include "shell/Error.h"
 #include "shell/Process.h"
 #include "shell/Toolkit.h"
 #include "shell/UnattendedToolkit.h"
-
-#ifdef CORVALIN_WITH_DESKTOP
-#include <QApplication>
-
-#include "desktop/QtToolkit.h"
-#include "desktop/ViewFactory.h"
-#endif
 
 namespace {
 
@@ -68,12 +62,14 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (interactive || DisplayAvailable()) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Corvalin"));
-    QtToolkit toolkit;
-    SetToolkit(&toolkit);
-    AttachDesktopViews();
-    return StartSequence(interactive, [] { return QApplication::exec(); });
+    std::string why;
+    if (const DesktopEntry desktop = LoadDesktopModule(why)) return desktop(&argc, argv, interactive, StartSequence);
+    if (interactive) {
+      std::fprintf(stderr, "corvalin: the windows cannot be shown: %s\n", why.c_str());
+      return 1;
+    }
+    // An unattended run goes on without its banner and boxes: its result
+    // and its reasons on standard error are the same.
   }
 #else
   if (interactive) {

@@ -81,7 +81,7 @@ class ConcurrentRuns : public testing::UnattendedRun {
   fs::path Folder(const Job& job) const { return home / "runs" / job.name; }
 
   Launch LaunchOf(const Job& job) const {
-    return Launch{{job.input.string(), "out.tre", job.templateName}, Folder(job), Folder(job) / "stderr.txt", -1};
+    return Launch{{job.input.string(), "out.tre", job.templateName}, Folder(job), Folder(job) / "stderr.txt", -1, {}};
   }
 
   // Starts every job at once (or only the one given) and gives what each left.

@@ -30,7 +30,7 @@ std::string LoadFailure(const std::string& numberAndDescription) {
 class EndlessInput : public testing::TreeListRun {
  protected:
   ProgramRun RunOn(const std::string& input, int standardInput = -1, double seconds = kSecondsAllowed) {
-    const Launch launch{{input, "out.tre", "trees"}, home / "run", {}, standardInput};
+    const Launch launch{{input, "out.tre", "trees"}, home / "run", {}, standardInput, {}};
     return testing::WaitForCorvalin(testing::StartCorvalin(home, launch), home, launch, seconds);
   }
 

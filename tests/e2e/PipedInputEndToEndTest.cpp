@@ -25,7 +25,7 @@ class PipedInput : public testing::TreeListRun {
   // Runs "<input> out.tre trees" from the run folder with standard input
   // from the descriptor given.
   ProgramRun RunOn(const std::string& input, int standardInput = -1) {
-    const Launch launch{{input, "out.tre", "trees"}, home / "run", {}, standardInput};
+    const Launch launch{{input, "out.tre", "trees"}, home / "run", {}, standardInput, {}};
     return testing::WaitForCorvalin(testing::StartCorvalin(home, launch), home, launch, 120);
   }
 

@@ -51,6 +51,7 @@ pid_t StartCorvalin(const fs::path& home, const Launch& launch) {
   }
   env.push_back("HOME=" + home.string());
   env.push_back("XDG_CONFIG_HOME=" + (home / ".config").string());
+  env.insert(env.end(), launch.environment.begin(), launch.environment.end());
   const std::string program = (BinaryDir() / "bin/corvalin").string();
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const auto& a : launch.args) argv.push_back(const_cast<char*>(a.c_str()));
@@ -98,7 +99,7 @@ ProgramRun WaitForCorvalin(pid_t pid, const fs::path& home, const Launch& launch
 }
 
 ProgramRun RunCorvalin(const fs::path& home, const std::vector<std::string>& args, const fs::path& from) {
-  const Launch launch{args, from, {}, -1};
+  const Launch launch{args, from, {}, -1, {}};
   return WaitForCorvalin(StartCorvalin(home, launch), home, launch);
 }
 

@@ -23,12 +23,14 @@ struct ProgramRun {
 // How one run of the program is started: its arguments, the folder it is
 // started from (this process's folder when empty), where its standard error
 // goes (home/stderr.txt when empty) and what it reads on standard input (an
-// open descriptor, or -1 for /dev/null).
+// open descriptor, or -1 for /dev/null), and what its environment holds
+// beyond the test's own ("NAME=value").
 struct Launch {
   std::vector<std::string> args;
   std::filesystem::path from;
   std::filesystem::path errorsPath;
   int standardInput = -1;
+  std::vector<std::string> environment;
 };
 
 // Starts the built program with its settings under home and gives its
