@@ -42,10 +42,12 @@ sanitize: deps
 # The benchmarks of docs/performance.md, on a Release build.
 BENCH_BUILD ?= build-release
 bench: deps
+	./tools/install-deps.sh bench
 	cmake -S . -B $(BENCH_BUILD) -G $(GENERATOR) -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF
 	cmake --build $(BENCH_BUILD)
 	./bench/run_load_bench.sh $(BENCH_BUILD)
 	./bench/run_unattended_bench.sh $(BENCH_BUILD)
+	./bench/run_peer_bench.sh $(BENCH_BUILD)
 
 # The fuzz targets of fuzz/, built with clang and run FUZZ_SECONDS each,
 # FUZZ_JOBS at a time, from the seeds of fuzz/corpus/ (tools/run-fuzz.sh);

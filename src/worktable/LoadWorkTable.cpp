@@ -20,6 +20,7 @@
 #include "worktable/RowStore.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/RunInput.h"
+#include "worktable/TableWriter.h"
 #include "worktable/WorkingDatabase.h"
 
 namespace corvalin {
@@ -28,87 +29,6 @@ namespace {
 
 constexpr const char* kBusyTitle = "Working:  Please wait...";
 constexpr const char* kBusyText = "Pulling columns from line: ";
-
-// The inserts of the load. A line's cells past its count are empty, so they
-// go in as literal empty texts and only the cells the line has are bound:
-// most survey files use few of the 30 columns. The cells are bound as they
-// are: a bound text needs no doubled quotes, and stores what a quoted literal
-// would have stored. Lines come into the table a block at a time: one
-// statement inserts kBlockRows lines, which spares SQLite most of its work
-// per statement; it binds as many cells of each as the widest line of the
-// block has (the image holds the empty cells past a line's count). The
-// lines of a last, short block go one by one.
-class RowInserts {
- public:
-  static constexpr int kBlockRows = 64;
-
-  RowInserts(clsDBEngine& engine, RowStore& image) : engine_(engine), image_(image) {}
-
-  // A line cut into its cells, kept in the image; it reaches the table with
-  // its block, or at the latest at Flush.
-  void Add(int16_t lineNumber, int count, const std::string_view* values) {
-    if (pending_ == 0) {
-      firstPending_ = image_.Count();
-      pendingCount_ = 0;
-    }
-    counts_[static_cast<std::size_t>(pending_)] = static_cast<int16_t>(count);
-    if (count > pendingCount_) pendingCount_ = count;
-    lineNumbers_[static_cast<std::size_t>(pending_++)] = lineNumber;
-    image_.AppendImageRow(0, values);
-    if (pending_ == kBlockRows) Flush();
-  }
-
-  // Inserts the lines still waiting, and gives each its row id in the image.
-  void Flush() {
-    if (pending_ == 0) return;
-    const int rows = pending_ == kBlockRows ? kBlockRows : 1;
-    for (int done = 0; done < pending_; done += rows) {
-      int parameter = 1;
-      const int width = rows == 1 ? counts_[static_cast<std::size_t>(done)] : pendingCount_;
-      PreparedStatement& insert = For(width, rows);
-      for (int r = 0; r < rows; ++r) {
-        const long row = firstPending_ + done + r;
-        insert.BindInt(parameter++, lineNumbers_[static_cast<std::size_t>(done + r)]);
-        // The cells as the image holds them: they stay put until the next line.
-        for (int n = 1; n <= width; ++n) insert.BindTextNoCopy(parameter++, *image_.Cell(row, n));
-      }
-      insert.Run();
-      const long long last = insert.LastRowId();
-      for (int r = 0; r < rows; ++r) image_.SetRowId(firstPending_ + done + r, last - rows + 1 + r);
-    }
-    pending_ = 0;
-  }
-
- private:
-  PreparedStatement& For(int count, int rows) {
-    std::unique_ptr<PreparedStatement>& insert =
-        (rows == 1 ? single_ : block_).at(static_cast<std::size_t>(count));
-    if (!insert) insert = engine_.Prepare(Statement(count, rows));
-    return *insert;
-  }
-
-  static std::string Statement(int count, int rows) {
-    std::string sql = "INSERT INTO tft (LineNum";
-    for (int n = 1; n <= kMaxColumns; ++n) sql += ",c" + std::to_string(n);
-    sql += ",Excluded) VALUES ";
-    for (int r = 0; r < rows; ++r) {
-      sql += r == 0 ? "(?" : ",(?";
-      for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
-      sql += ",'N')";
-    }
-    return sql;
-  }
-
-  clsDBEngine& engine_;
-  RowStore& image_;
-  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> single_{};
-  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> block_{};
-  std::array<int16_t, kBlockRows> lineNumbers_{};
-  std::array<int16_t, kBlockRows> counts_{};
-  long firstPending_ = 0;
-  int pendingCount_ = 0;
-  int pending_ = 0;
-};
 
 // A failure of the file system as the run-time error it stands for.
 [[noreturn]] void RaiseFileError(const std::error_code& code, const std::string& source) {
@@ -216,45 +136,50 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   std::array<std::string_view, kMaxColumns + 2> values{};
   values[kMaxColumns + 1] = "N";
   char lineText[8];
-  RowInserts inserts(engine, *image);
 
   // One transaction for the whole load; what was inserted before a Cancel or
   // a failure is committed all the same, so those rows stay in the table.
   engine.StartTrans();
-  try {
-    int16_t lineNumber = 0;
-    std::string_view line;
-    while (!input.AtEnd()) {
-      lineNumber = Inc16(lineNumber);
-      ShowBusyCount(kBusyTitle, kBusyText, lineNumber);
-      input.Next(line);
-      RefuseNullCharacter(line, lineNumber);
-      RefuseLineTooLong(line);
-      splitter.Split(line, parsed);
-      if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
-      for (int n = 1; n <= kMaxColumns; ++n) {
-        const auto cell = static_cast<std::size_t>(n);
-        values[cell] = n <= parsed.Count ? CleanCell(parsed.Columns[cell - 1]) : std::string_view();
+  {
+    TableWriter writer(engine);
+    try {
+      int16_t lineNumber = 0;
+      std::string_view line;
+      while (!input.AtEnd()) {
+        lineNumber = Inc16(lineNumber);
+        ShowBusyCount(kBusyTitle, kBusyText, lineNumber);
+        input.Next(line);
+        RefuseNullCharacter(line, lineNumber);
+        RefuseLineTooLong(line);
+        splitter.Split(line, parsed);
+        if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
+        for (int n = 1; n <= kMaxColumns; ++n) {
+          const auto cell = static_cast<std::size_t>(n);
+          values[cell] = n <= parsed.Count ? CleanCell(parsed.Columns[cell - 1]) : std::string_view();
+        }
+        const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
+        values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
+        // The table is fresh: its rows are numbered from 1 in the order of the lines.
+        const long long rowid = image->Count() + 1;
+        image->AppendImageRow(rowid, values.data());
+        writer.Add(rowid, lineNumber, parsed.Count, values.data() + 1);
+        if (Run().BusyCancelled) break;
       }
-      const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
-      values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
-      inserts.Add(lineNumber, parsed.Count, values.data());
-      if (Run().BusyCancelled) break;
-    }
-    inserts.Flush();
-  } catch (...) {
-    try {
-      // The lines cut before the failure reach the table all the same.
-      inserts.Flush();
+      writer.Finish();
     } catch (...) {
-      // The first failure is the one to report.
+      try {
+        // The lines cut before the failure reach the table all the same.
+        writer.Finish();
+      } catch (...) {
+        // The first failure is the one to report.
+      }
+      try {
+        engine.CommtTrans();
+      } catch (...) {
+        // The first failure is the one to report.
+      }
+      throw;
     }
-    try {
-      engine.CommtTrans();
-    } catch (...) {
-      // The first failure is the one to report.
-    }
-    throw;
   }
   engine.CommtTrans();
   engine.AdoptRows(std::move(image));

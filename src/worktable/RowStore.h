@@ -37,7 +37,7 @@ struct RowStore {
 
   // The rows of a whole table as a load writes them, in table order, without
   // reading them back: "SELECT * FROM table", updatable, every row appended
-  // with AppendImageRow after its insert.
+  // with AppendImageRow with the row id its insert gives it.
   static std::shared_ptr<RowStore> Image(const std::string& table, std::vector<std::string> fields);
   // Room for the rows a load can bring, taken at once: growing the buffers
   // row by row would copy them each time they double and leave the old
@@ -46,8 +46,6 @@ struct RowStore {
   void ReserveImage(long rows, std::size_t cellBytes);
   // One row of the image: its row id and every field's text (none is Null).
   void AppendImageRow(long long rowid, const std::string_view* values);
-  // The row id the table gave a row of the image once it was inserted.
-  void SetRowId(long row, long long rowid) { rowids_[static_cast<std::size_t>(row)] = rowid; }
   // The select of a whole table: its image stays exact under its own edits.
   bool IsWholeTable() const;
 
