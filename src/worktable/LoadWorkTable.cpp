@@ -17,6 +17,7 @@
 #include "shell/Failure.h"
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
+#include "worktable/Connection.h"
 #include "worktable/RowStore.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/RunInput.h"
@@ -139,9 +140,12 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
 
   // One transaction for the whole load; what was inserted before a Cancel or
   // a failure is committed all the same, so those rows stay in the table.
+  const long long dataVersion = engine.DataVersionNow();
   engine.StartTrans();
   {
-    TableWriter writer(engine);
+    // Held here until the writer is handed over: it must outlive it.
+    const std::shared_ptr<Connection> connection = engine.Current();
+    auto writer = std::make_unique<TableWriter>(*connection);
     try {
       int16_t lineNumber = 0;
       std::string_view line;
@@ -162,14 +166,13 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         // The table is fresh: its rows are numbered from 1 in the order of the lines.
         const long long rowid = image->Count() + 1;
         image->AppendImageRow(rowid, values.data());
-        writer.Add(rowid, lineNumber, parsed.Count, values.data() + 1);
+        writer->Add(rowid, lineNumber, parsed.Count, values.data() + 1);
         if (Run().BusyCancelled) break;
       }
-      writer.Finish();
     } catch (...) {
       try {
         // The lines cut before the failure reach the table all the same.
-        writer.Finish();
+        writer->Finish();
       } catch (...) {
         // The first failure is the one to report.
       }
@@ -180,8 +183,11 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       }
       throw;
     }
+    // The last rows go in while the run goes on: the grid, the validation and
+    // the translation read the image, and anything that uses the database
+    // waits for them first.
+    engine.FinishLater(std::move(writer), dataVersion);
   }
-  engine.CommtTrans();
   engine.AdoptRows(std::move(image));
 }
 

@@ -113,6 +113,7 @@ std::shared_ptr<RowStore> FetchRows(Connection& connection, const std::string& s
   if (auto last = connection.lastRows.lock();
       last && SameSelect(last->sql, sql) && connection.lastRowsGeneration == connection.generation)
     return last;
+  FinishWrites(connection);
   auto store = std::make_shared<RowStore>();
   store->sql = sql;
   const std::string rewritten = WithRowId(sql, &store->table);
@@ -134,6 +135,7 @@ void RowStore::Ensure(Connection& connection) {
 }
 
 void RowStore::Fetch(Connection& connection) {
+  FinishWrites(connection);
   std::string tableName;
   const std::string rewritten = WithRowId(sql, &tableName);
   const bool hasRowId = rewritten != sql;
@@ -228,6 +230,7 @@ RowStore::Changes RowStore::TakeChanges() {
 void RowStore::WriteThrough(Connection& connection, long row) {
   const int32_t e = edited_[static_cast<std::size_t>(row)];
   if (e < 0) return;
+  FinishWrites(connection);
   EditedRow& edited = editedRows_[static_cast<std::size_t>(e)];
   std::string sql;
   std::vector<std::size_t> changed;

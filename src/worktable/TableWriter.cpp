@@ -3,6 +3,7 @@
 #include <array>
 
 #include "input/ColumnFormat.h"
+#include "shell/Error.h"
 #include "worktable/clsDBEngine.h"
 
 namespace corvalin {
@@ -14,28 +15,30 @@ namespace corvalin {
 // have stored.
 class TableWriter::Statements {
  public:
-  explicit Statements(clsDBEngine& engine) : engine_(engine) {}
+  explicit Statements(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
 
   PreparedStatement& For(int count, int rows) {
     std::unique_ptr<PreparedStatement>& insert = (rows == 1 ? single_ : block_).at(static_cast<std::size_t>(count));
-    if (!insert) insert = engine_.Prepare(Text(count, rows));
+    // The image holds what the inserts write: rows fetched before them stay
+    // shared.
+    if (!insert) insert = std::make_unique<PreparedStatement>(connection_, Text(count, rows), false);
     return *insert;
   }
 
  private:
   static std::string Text(int count, int rows) {
-    std::string sql = "INSERT INTO tft (rowid,LineNum";
+    std::string sql = "INSERT INTO tft (LineNum";
     for (int n = 1; n <= kMaxColumns; ++n) sql += ",c" + std::to_string(n);
     sql += ",Excluded) VALUES ";
     for (int r = 0; r < rows; ++r) {
-      sql += r == 0 ? "(?,?" : ",(?,?";
+      sql += r == 0 ? "(?" : ",(?";
       for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
       sql += ",'N')";
     }
     return sql;
   }
 
-  clsDBEngine& engine_;
+  std::shared_ptr<Connection> connection_;
   std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> single_{};
   std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> block_{};
 };
@@ -49,8 +52,11 @@ void TableWriter::Block::Clear() {
   widest = 0;
 }
 
-TableWriter::TableWriter(clsDBEngine& engine)
-    : engine_(engine), statements_(std::make_unique<Statements>(engine)), thread_([this] { Work(); }) {}
+// The statements share the connection without owning it: the connection
+// owns the writer once the load hands it over, and would otherwise never go.
+TableWriter::TableWriter(Connection& connection)
+    : statements_(std::make_unique<Statements>(std::shared_ptr<Connection>(std::shared_ptr<Connection>(), &connection))),
+      thread_([this] { Work(); }) {}
 
 TableWriter::~TableWriter() {
   {
@@ -145,7 +151,6 @@ void TableWriter::Insert(const Block& block) {
     int parameter = 1;
     for (int r = done; r < done + rows; ++r) {
       const auto row = static_cast<std::size_t>(r);
-      insert.BindInt(parameter++, block.rowids[row]);
       insert.BindInt(parameter++, block.lineNumbers[row]);
       const int count = block.counts[row];
       for (int n = 0; n < count; ++n, ++cell) {
@@ -157,6 +162,13 @@ void TableWriter::Insert(const Block& block) {
       for (int n = count; n < width; ++n) insert.BindTextNoCopy(parameter++, std::string_view(""));
     }
     insert.Run();
+    // SQLite numbers the rows of the fresh table as the image does, without
+    // looking up a row id that is given; a table that was not fresh would
+    // leave the image pointing at the wrong rows.
+    const long long last = block.rowids[static_cast<std::size_t>(done + rows - 1)];
+    if (insert.LastRowId() != last)
+      throw RuntimeError(err::DatabaseError, "CreateColumnsTable",
+                         "row " + std::to_string(insert.LastRowId()) + " of tft was expected as row " + std::to_string(last));
   }
 }
 

@@ -4,7 +4,8 @@
 // time of the larger one instead of both.
 //
 // While a writer lives, the connection is its alone: nothing else may use
-// the working database until Finish has come back.
+// the working database until Finish has come back (FinishWrites of
+// Connection.h waits for it before any use).
 #pragma once
 
 #include <condition_variable>
@@ -20,18 +21,21 @@
 
 namespace corvalin {
 
-class clsDBEngine;
+struct Connection;
 
 class TableWriter {
  public:
-  explicit TableWriter(clsDBEngine& engine);
+  // The connection must outlive the writer: the load holds it while it
+  // adds rows, and a connection it is handed to finishes it before it goes.
+  explicit TableWriter(Connection& connection);
   // Stops the thread; rows not yet handed over by Finish are dropped.
   ~TableWriter();
   TableWriter(const TableWriter&) = delete;
   TableWriter& operator=(const TableWriter&) = delete;
 
   // Line lineNumber cut into count cells (cells[0] is column 1), inserted as
-  // row rowid; its other columns are empty and it is not excluded. The cells
+  // the table's row rowid (a fresh table numbers its rows from 1 in the order
+  // they come); its other columns are empty and it is not excluded. The cells
   // are copied: the caller's may change at once. A failure of an earlier
   // insert is raised here.
   void Add(long long rowid, int16_t lineNumber, int count, const std::string_view* cells);
@@ -59,7 +63,6 @@ class TableWriter {
   void Insert(const Block& block);
   class Statements;
 
-  clsDBEngine& engine_;
   std::unique_ptr<Block> filling_;
   std::mutex mutex_;
   std::condition_variable changed_;

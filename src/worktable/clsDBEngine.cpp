@@ -10,6 +10,7 @@
 #include "shell/RunState.h"
 #include "shell/Text.h"
 #include "worktable/Connection.h"
+#include "worktable/TableWriter.h"
 #include "worktable/RowStore.h"
 #include "worktable/WorkingDatabase.h"
 
@@ -18,6 +19,7 @@ namespace corvalin {
 namespace {
 
 void ExecPlain(Connection& connection, const char* sql, const char* source) {
+  FinishWrites(connection);
   // Any statement may change a table: rows fetched before it are not reused.
   ++connection.generation;
   char* message = nullptr;
@@ -45,8 +47,9 @@ std::string ResolveFileNameCase(const std::string& path) {
 
 // ---- PreparedStatement ----
 
-PreparedStatement::PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql)
-    : connection_(std::move(connection)) {
+PreparedStatement::PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql,
+                                     bool changesWhatWasFetched)
+    : connection_(std::move(connection)), changesWhatWasFetched_(changesWhatWasFetched) {
   if (sqlite3_prepare_v2(connection_->db, sql.c_str(), -1, &statement_, nullptr) != SQLITE_OK)
     RaiseDatabaseError(connection_->db, "clsDBEngine.Prepare");
 }
@@ -66,7 +69,7 @@ void PreparedStatement::BindTextNoCopy(int index, std::string_view text) {
 void PreparedStatement::Run() {
   const int rc = sqlite3_step(statement_);
   sqlite3_reset(statement_);
-  ++connection_->generation;
+  if (changesWhatWasFetched_) ++connection_->generation;
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection_->db, "clsDBEngine.Execute");
 }
 
@@ -105,6 +108,8 @@ bool StillTheSameFile(Connection& connection, const std::string& path) {
   unsigned long long inode = 0;
   if (connection.path != path || !Identify(path, device, inode)) return false;
   if (device != connection.device || inode != connection.inode) return false;
+  // While the load's inserts go, nobody else can have written the file.
+  if (connection.writer) return true;
   return DataVersion(connection) == connection.dataVersion;
 }
 
@@ -140,7 +145,7 @@ void clsDBEngine::CloseDB() {
   // Closing a closed connection is harmless too. Row sets still holding the
   // file let it go when they are released.
   if (!connection_) return;
-  connection_->dataVersion = DataVersion(*connection_);
+  connection_->dataVersion = connection_->writer ? connection_->dataVersionAtLoad : DataVersion(*connection_);
   closed_ = std::move(connection_);
 }
 
@@ -172,8 +177,26 @@ void clsDBEngine::CommtTrans() { ExecPlain(*RequireOpen(), "COMMIT", "clsDBEngin
 void clsDBEngine::AdoptRows(std::shared_ptr<RowStore> rows) { AdoptImage(*RequireOpen(), std::move(rows)); }
 
 std::unique_ptr<PreparedStatement> clsDBEngine::Prepare(const std::string& sql) {
-  return std::make_unique<PreparedStatement>(RequireOpen(), sql);
+  auto connection = RequireOpen();
+  corvalin::FinishWrites(*connection);
+  return std::make_unique<PreparedStatement>(std::move(connection), sql);
 }
+
+std::shared_ptr<Connection> clsDBEngine::Current() const { return RequireOpen(); }
+
+void clsDBEngine::FinishLater(std::unique_ptr<TableWriter> writer, long long dataVersion) {
+  auto connection = RequireOpen();
+  corvalin::FinishWrites(*connection);
+  connection->writer = std::move(writer);
+  connection->dataVersionAtLoad = dataVersion;
+}
+
+void clsDBEngine::FinishWrites() {
+  if (connection_) corvalin::FinishWrites(*connection_);
+  if (closed_) corvalin::FinishWrites(*closed_);
+}
+
+long long clsDBEngine::DataVersionNow() const { return DataVersion(*RequireOpen()); }
 
 // ---- the process-wide door ----
 
@@ -198,6 +221,8 @@ void OpenDatabase() {
 void CloseDatabase() { DatabaseEngine().CloseDB(); }
 
 void ReleaseDatabase() { DatabaseEngine().ReleaseDB(); }
+
+void FinishDatabaseWrites() { DatabaseEngine().FinishWrites(); }
 
 void AdoptLoadedRows(std::shared_ptr<RowStore> rows) {
   clsDBEngine& engine = DatabaseEngine();

@@ -18,12 +18,17 @@ namespace corvalin {
 
 struct Connection;
 struct RowStore;
+class TableWriter;
 
 // A statement prepared once and run many times with bound text parameters:
 // the load of the working table uses it for its inserts.
 class PreparedStatement {
  public:
-  PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql);
+  // A statement whose runs do not change what was fetched (the load's inserts,
+  // which its image already holds) says so, and rows fetched before it are
+  // shared on.
+  PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql,
+                    bool changesWhatWasFetched = true);
   ~PreparedStatement();
   PreparedStatement(const PreparedStatement&) = delete;
   PreparedStatement& operator=(const PreparedStatement&) = delete;
@@ -41,6 +46,7 @@ class PreparedStatement {
  private:
   std::shared_ptr<Connection> connection_;
   ::sqlite3_stmt* statement_ = nullptr;
+  bool changesWhatWasFetched_ = true;
 };
 
 class clsDBEngine {
@@ -82,6 +88,16 @@ class clsDBEngine {
   void AdoptRows(std::shared_ptr<RowStore> rows);
   // A prepared statement on the open connection.
   std::unique_ptr<PreparedStatement> Prepare(const std::string& sql);
+  // The open connection, for the load's writer.
+  std::shared_ptr<Connection> Current() const;
+  // The load's inserts, still going in the load's transaction: they are
+  // waited for and committed at the next use of the database.
+  // dataVersion is DataVersionNow() from before the load began.
+  void FinishLater(std::unique_ptr<TableWriter> writer, long long dataVersion);
+  // SQLite's count of other connections' commits, now.
+  long long DataVersionNow() const;
+  // Waits for the load's inserts of the open or the closed connection.
+  void FinishWrites();
 
  private:
   std::shared_ptr<Connection> RequireOpen() const;
@@ -106,6 +122,9 @@ void CloseDatabase();
 // Closes it and lets go of the file, which is about to be replaced, or whose
 // screen is gone.
 void ReleaseDatabase();
+// Waits until the load's inserts are in the working table and committed: for
+// a look at the file from outside the engine.
+void FinishDatabaseWrites();
 // Makes the rows the load just wrote the rows the next "Select * from tft"
 // gives, without reading the table back.
 void AdoptLoadedRows(std::shared_ptr<RowStore> rows);

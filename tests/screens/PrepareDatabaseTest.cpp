@@ -78,6 +78,9 @@ class LoadTable : public testing::FreshProcess {
 
   // Every row of tft in table order: LineNum, c1..c30, Excluded.
   std::vector<Row> Rows() const {
+    // The file is read from outside the engine: the load's last inserts
+    // may still be going.
+    FinishDatabaseWrites();
     std::vector<Row> rows;
     sqlite3* db = nullptr;
     if (sqlite3_open_v2(Database().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
@@ -103,6 +106,7 @@ class LoadTable : public testing::FreshProcess {
   long RowCount() const { return static_cast<long>(Rows().size()); }
 
   void Execute(const std::string& sql) const {
+    FinishDatabaseWrites();
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open(Database().c_str(), &db), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
