@@ -9,6 +9,7 @@
 #include "columns/SpeciesCodes.h"
 #include "columns/Vocabulary.h"
 #include "shell/Error.h"
+#include "shell/FirstRowThat.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 
@@ -256,7 +257,7 @@ ValidationResult ValidateTable(const ValidationInput& input) {
   // position stays where it is.
   const long rowCount = rows.RecordCount();
   const int excludedField = rowCount == 0 ? -1 : rows.RequireField("Excluded");
-  for (Recordset::Bookmark row = 0; row < rowCount; ++row) {
+  const auto takesPart = [&](Recordset::Bookmark row) {
     bool rowHasData = false;
     for (int16_t i = 1; i <= columnCount && !rowHasData; i = Inc16(i)) {
       if (!columnAssigned[static_cast<std::size_t>(i)]) continue;
@@ -264,9 +265,16 @@ ValidationResult ValidateTable(const ValidationInput& input) {
       const auto value = rows.CellAt(row, fields.Of(i));
       if (value && !value->empty()) rowHasData = true;
     }
-    if (rowHasData && rows.CellAt(row, excludedField).value_or(std::string_view()) == "N") {
-      if (!CheckRow(input, result, rows, row, fields)) return result;
-    }
+    return rowHasData && rows.CellAt(row, excludedField).value_or(std::string_view()) == "N";
+  };
+  // The rows that pass are looked through on two threads; the pass goes on
+  // here from the first that does not, to report it as it always has.
+  const long firstFault = FirstRowThat(rowCount, [&](long row) {
+    ValidationResult scratch;
+    return takesPart(row) && !CheckRow(input, scratch, rows, row, fields);
+  });
+  for (Recordset::Bookmark row = firstFault; row < rowCount; ++row) {
+    if (takesPart(row) && !CheckRow(input, result, rows, row, fields)) return result;
   }
   result.valid = true;
   return result;

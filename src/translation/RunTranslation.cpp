@@ -10,6 +10,7 @@
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
 #include "translation/OutputFile.h"
+#include "translation/RecordsInOrder.h"
 #include "translation/TreeRecord.h"
 #include "worktable/clsDBEngine.h"
 
@@ -54,8 +55,6 @@ void WriteTreeList(RecordForm form, const TranslationRequest& request) {
   for (int n = 1; n <= kTableColumns; ++n) field[static_cast<std::size_t>(n)] = rows.FieldIndex("c" + std::to_string(n));
   const int excludedField = rows.FieldIndex("Excluded");
 
-  int16_t linesWritten = 0;
-  RowCells cells{};
   const int excluded = excludedField < 0 ? rows.RequireField("Excluded") : excludedField;
   for (int n = 1; n <= kTableColumns; ++n) {
     const auto slot = static_cast<std::size_t>(n);
@@ -64,9 +63,10 @@ void WriteTreeList(RecordForm form, const TranslationRequest& request) {
   }
   // Every row from the first, read in place by its bookmark.
   const long rowCount = rows.RecordCount();
-  for (Recordset::Bookmark row = 0; row < rowCount; ++row) {
+  const auto makeRecord = [&](long row, std::string& text) {
     const auto excludedCell = rows.CellAt(row, excluded);
-    if (!excludedCell || *excludedCell != "N") continue;
+    if (!excludedCell || *excludedCell != "N") return;
+    RowCells cells{};
     bool hasData = false;
     for (int n = 1; n <= kTableColumns; ++n) {
       const auto slot = static_cast<std::size_t>(n);
@@ -77,13 +77,19 @@ void WriteTreeList(RecordForm form, const TranslationRequest& request) {
     }
     // The record is made for every row taking part, data or not.
     const std::string record = form == RecordForm::Metric ? BcRecord(setup, cells) : UsRecord(setup, cells);
-    if (hasData) {
-      WriteOutputLine(record);
-      // The count is 16-bit: record 32,768 is written, then the count overflows.
-      linesWritten = Inc16(linesWritten);
-      ShowBusyCount(ApplicationTitle, kBusyText, linesWritten);
-    }
-  }
+    if (hasData) text += record;
+  };
+  int16_t linesWritten = 0;
+  const auto writeRecord = [&](std::string_view record) {
+    WriteOutputLine(record);
+    // The count is 16-bit: record 32,768 is written, then the count overflows.
+    linesWritten = Inc16(linesWritten);
+    ShowBusyCount(ApplicationTitle, kBusyText, linesWritten);
+  };
+  // Nobody can change the table during an unattended run, so its records are
+  // made on two threads; a person's run keeps the one, as the busy window
+  // lets the screens go on drawing from the same rows.
+  WriteRecordsInOrder(rowCount, run.CommandLineMode, makeRecord, writeRecord);
 
   CloseDatabase();
   CloseOutput();

@@ -128,6 +128,19 @@ TEST_F(ValidateTableTest, UnknownSpeciesFailsAtItsRow) {
   EXPECT_EQ(result.row, BookmarkOfLine(rows_, 2));
 }
 
+TEST_F(ValidateTableTest, LongTableStopsAtItsFirstFaultyRowWhateverFollows) {
+  std::vector<testing::TableRow> rows;
+  for (int line = 1; line <= 12000; ++line) rows.push_back({line, {"1", std::to_string(line), "1", "FD", "20"}});
+  rows[9000 - 1].cells[3] = "DF";
+  rows[7000 - 1].cells[4] = "";
+  rows[6000 - 1] = {6000, {"", "", "1", "", "20"}, "Y"};
+  rows[11000 - 1].cells[0] = "";
+  MakeTable(rows);
+  const ValidationResult result = Validate(Required());
+  EXPECT_EQ(result.fault, "DBH value is required.");
+  EXPECT_EQ(result.row, BookmarkOfLine(rows_, 7000));
+}
+
 TEST_F(ValidateTableTest, EmptyPeriodicDbhIncPassesAndCrownRatioTenDependsOnUnits) {
   MakeTable({{1, {"1", "1", "1", "FD", "20", "", "10"}}});
   auto cols = Required();

@@ -468,6 +468,27 @@ TEST_F(TranslationRunAtTheLineLimit, ImperialRunReportsTheOverflow) {
                                                   "Translation completed."}));
 }
 
+TEST_F(TranslationRun, LongUnattendedRunWritesTheRecordsBeforeTheFirstFailingRow) {
+  std::vector<std::vector<std::string>> rows(20000, kTree);
+  // A diameter beyond any number fails its record with an overflow.
+  rows[15000 - 1][4] = "1e308";
+  rows[19000 - 1][4] = "1e308";
+  rows[3000 - 1] = {"", "", "", "", ""};
+  AddRows(rows);
+  AssignFiveColumns("BC");
+  Run().CommandLineMode = true;
+  try {
+    Translate();
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), err::Overflow);
+  }
+  FlushOutput();
+  std::string expected;
+  for (int record = 0; record < 14999 - 1; ++record) expected += kBcLine + "\r\n";
+  EXPECT_EQ(ReadFile(output), expected);
+}
+
 TEST_F(TranslationRun, ExactlyTheLineLimitTranslates) {
   AddRows(std::vector<std::vector<std::string>>(32767, kTree));
   AddRows({{"", "", "", "", ""}});
