@@ -133,11 +133,13 @@ Answer QtToolkit::Message(const MessageRequest& request) {
 }
 
 std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
+  if (AnswerFolderDialog) return AnswerFolderDialog(title, initialFolder).value_or("");
   const QString folder = QFileDialog::getExistingDirectory(nullptr, ToQt(title), PathToQt(initialFolder));
   return PathFromQt(folder);
 }
 
 std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
+  if (AnswerFileDialog) return AnswerFileDialog(request).value_or(request.fileName);
   QString start = PathToQt(request.initialFolder);
   if (!request.fileName.empty()) start = QDir(start).filePath(PathToQt(request.fileName));
   const QString filter = QtFilterOf(request.filter);
@@ -154,7 +156,12 @@ void QtToolkit::SetBusyPointer(bool busy) {
   else QApplication::restoreOverrideCursor();
 }
 
-void QtToolkit::DoEvents() { QCoreApplication::processEvents(); }
+bool QtToolkit::EventsDueNow() { return !sinceEvents_.isValid() || sinceEvents_.elapsed() >= kEventIntervalMs; }
+
+void QtToolkit::DoEvents() {
+  QCoreApplication::processEvents();
+  sinceEvents_.start();
+}
 
 void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {
   if (busyWindow_ == nullptr) {
@@ -178,8 +185,9 @@ void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text
   }
   if (busyWindow_->windowTitle() != ToQt(title)) busyWindow_->setWindowTitle(ToQt(title));
   busyLabel_->setText(ToQt(text));
-  busyWindow_->show();
-  DoEvents();
+  // Drawn when events run next, which the caller lets happen at once
+  // (ShowBusy); between two runs only the last text could be seen anyway.
+  if (!busyWindow_->isVisible()) busyWindow_->show();
 }
 
 void QtToolkit::HideBusyWindow() {
