@@ -159,6 +159,8 @@ void QtToolkit::SetBusyPointer(bool busy) {
 bool QtToolkit::EventsDueNow() { return !sinceEvents_.isValid() || sinceEvents_.elapsed() >= kEventIntervalMs; }
 
 void QtToolkit::DoEvents() {
+  if (busyTextPending_ && busyLabel_ != nullptr) busyLabel_->setText(ToQt(pendingBusyText_));
+  busyTextPending_ = false;
   QCoreApplication::processEvents();
   sinceEvents_.start();
 }
@@ -184,13 +186,20 @@ void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text
     CentreOnScreen(window);
   }
   if (busyWindow_->windowTitle() != ToQt(title)) busyWindow_->setWindowTitle(ToQt(title));
+  // Between two runs of pending events only the last text could be seen:
+  // it is kept, and set when they run next.
+  if (busyWindow_->isVisible() && !EventsDueNow()) {
+    pendingBusyText_ = text;
+    busyTextPending_ = true;
+    return;
+  }
+  busyTextPending_ = false;
   busyLabel_->setText(ToQt(text));
-  // Drawn when events run next, which the caller lets happen at once
-  // (ShowBusy); between two runs only the last text could be seen anyway.
   if (!busyWindow_->isVisible()) busyWindow_->show();
 }
 
 void QtToolkit::HideBusyWindow() {
+  busyTextPending_ = false;
   if (busyWindow_ == nullptr) return;
   static_cast<BusyMessageWindow*>(busyWindow_.data())->unloading = true;
   busyWindow_->hide();

@@ -75,6 +75,8 @@ class QtToolkit : public Toolkit {
   QPointer<QWidget> banner_;
   bool busyPointer_ = false;
   QElapsedTimer sinceEvents_;
+  std::string pendingBusyText_;
+  bool busyTextPending_ = false;
 };
 
 }  // namespace corvalin
