@@ -38,6 +38,8 @@ ColumnPreview::ColumnPreview(frmColumns& screen, QWidget* parent) : QWidget(pare
   setBackgroundRole(QPalette::Base);
   setMouseTracking(false);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  // Ninety characters of the file in view, and the ruler and ten lines.
+  setMinimumSize(gutter_ + 90 * charWidth_, lineHeight_ * (kPreviewLinesShown + 1) + 2 * kMargin);
 }
 
 QSize ColumnPreview::sizeHint() const {

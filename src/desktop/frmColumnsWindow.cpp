@@ -83,19 +83,25 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
   auto* other = new QHBoxLayout;
   other->addWidget(chkOther_);
   other->addWidget(txtOtherCharacter_);
+  other->addStretch(1);
   delimiters->addLayout(other, 0, 4);
   delimiters->addWidget(chkConsecutiveAsOne_, 1, 0, 1, 3);
   auto* qualifier = new QHBoxLayout;
   qualifier->addWidget(lblTextQualifiers_);
   qualifier->addWidget(cmbTextQualifiers_);
+  qualifier->addStretch(1);
   delimiters->addLayout(qualifier, 1, 3, 1, 2);
 
-  auto* how = new QLabel(
-      QStringLiteral("To edit column markers in the preview area:   Click to place column markers   ·   "
-                     "Click and drag to move   ·   Double click to delete"),
-      this);
-  how->setObjectName(QStringLiteral("lblMarkerHelp"));
-  how->setWordWrap(true);
+  // How to set the markers, read left to right before the preview.
+  auto* how = new QHBoxLayout;
+  for (const char* text : {"To edit column markers in the preview area:", "Click to place column markers",
+                           "Click and drag to move", "Double click to delete"}) {
+    auto* label = new QLabel(QString::fromLatin1(text), this);
+    if (how->count() == 0) label->setStyleSheet(QStringLiteral("font-weight: bold"));
+    how->addWidget(label);
+    how->addSpacing(12);
+  }
+  how->addStretch(1);
 
   auto* previewGrid = new QGridLayout;
   previewGrid->setSpacing(0);
@@ -115,7 +121,7 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
   layout->addLayout(inputRow);
   layout->addLayout(modeRow);
   layout->addWidget(fraCharacterDelimiters_);
-  layout->addWidget(how);
+  layout->addLayout(how);
   layout->addLayout(previewGrid);
   layout->addLayout(buttons);
 

@@ -121,6 +121,7 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
   buttons->addWidget(cmdOk_);
   buttons->addWidget(cmdCancel_);
 
+  // Each group's check box, right above it, is its heading.
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(chkTranslateFile_);
   layout->addWidget(fraTranslate_);
@@ -188,7 +189,6 @@ void frmConfigureWindow::Redraw(const ScreenChanges& changes) {
   const frmConfigure& s = Defaults();
   setWindowTitle(ToQt(s.Caption));
   DrawCheck(chkTranslateFile_, s.chkTranslateFile);
-  fraTranslate_->setTitle(ToQt(s.chkTranslateFile.Caption));
   DrawState(fraTranslate_, s.fraTranslate);
   DrawCaption(Label2_, s.Label2);
   DrawPath(lblInputFile_, s.lblInputFile);
@@ -211,7 +211,6 @@ void frmConfigureWindow::Redraw(const ScreenChanges& changes) {
   DrawCaption(Label12_, s.Label12);
 
   DrawCheck(chkEditStandListFile_, s.chkEditStandListFile);
-  fraEditMarlowyn_->setTitle(ToQt(s.chkEditStandListFile.Caption));
   DrawState(fraEditMarlowyn_, s.fraEditMarlowyn);
   DrawCaption(Label1_, s.Label1);
   DrawPath(lblWorkingDirectory_, s.lblWorkingDirectory);

@@ -102,6 +102,7 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen) : ScreenWindow(screen)
   buttons->addWidget(cmdHelp_);
   buttons->addWidget(cmdQuit_);
 
+  // Each group's check box, right above it, is its heading.
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(chkTranslateFile_);
   layout->addWidget(fraTranslateFile_);
@@ -151,7 +152,6 @@ void frmTemplateWindow::Redraw(const ScreenChanges& changes) {
   const frmTemplate& s = Setup();
   setWindowTitle(ToQt(s.Caption));
   DrawCheck(chkTranslateFile_, s.chkTranslateFile);
-  fraTranslateFile_->setTitle(ToQt(s.chkTranslateFile.Caption));
   DrawState(fraTranslateFile_, s.fraTranslateFile);
   DrawCaption(lblInputFile1_, s.lblInputFile1);
   DrawPath(lblInputFile_, s.lblInputFile);
@@ -168,7 +168,6 @@ void frmTemplateWindow::Redraw(const ScreenChanges& changes) {
   DrawButton(cmdNextTrans_, s.cmdNextTrans);
 
   DrawCheck(chkEditStandListFile_, s.chkEditStandListFile);
-  fraEditStandListFile_->setTitle(ToQt(s.chkEditStandListFile.Caption));
   DrawState(fraEditStandListFile_, s.fraEditStandListFile);
   DrawCaption(Label1_, s.Label1);
   DrawPath(lblWorkingDirectory_, s.lblWorkingDirectory);
