@@ -78,6 +78,17 @@ TEST_F(SetupButtons, InputDialogWithACaptionStartsInItsFolderWithItsName) {
   EXPECT_TRUE(ui.boxes.empty());
 }
 
+TEST_F(SetupButtons, ADialogPathWithAFileInTheRootStartsInTheRootFolder) {
+  frmTemplate& setup = FirstScreen();
+  ui.files.push_back("/trees.tre");
+  setup.cmdChangeOutput_Click();
+  ASSERT_EQ(setup.lblOutputFile.Caption, "/trees.tre");
+  setup.cmdChangeOutput_Click();
+  EXPECT_EQ(ui.fileDialogs.back().initialFolder, "/");
+  EXPECT_EQ(ui.fileDialogs.back().fileName, "trees.tre");
+  EXPECT_EQ(setup.lblOutputFile.Caption, "/trees.tre");
+}
+
 TEST_F(SetupButtons, InputDialogWithTheNoInputMarkerStartsInTheDefaultFolder) {
   frmTemplate& setup = FirstScreen();
   setup.chkNoInput.Value = 1;
