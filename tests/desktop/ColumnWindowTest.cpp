@@ -213,6 +213,26 @@ class ColumnWindowTest : public QObject {
     QCOMPARE(Positions(), (std::vector<int>{255}));
   }
 
+  void theCloseBoxAsksTheQuitQuestionAndTheWindowStays() {
+    QString question;
+    AnswerBox(QMessageBox::No, &question);
+    window_->close();
+    QCOMPARE(question, QStringLiteral("Do you really want to quit?"));
+    QVERIFY(window_->isVisible());
+    QVERIFY(screen_->Visible());
+  }
+
+  void backShowsTheFirstScreenWhereThisOneStood() {
+    window_->move(150, 110);
+    Settle();
+    Child<QPushButton>(window_, "cmdBack")->click();
+    Settle();
+    QWidget* setup = Window(QStringLiteral("frmTemplate"));
+    QVERIFY(setup != nullptr);
+    QCOMPARE(setup->pos(), QPoint(150, 110));
+    QVERIFY(!window_->isVisible());
+  }
+
   void theScrollBarsMoveThePreview() {
     auto* vertical = Child<QScrollBar>(window_, "VScroll1");
     QCOMPARE(vertical->minimum(), 1);

@@ -206,6 +206,21 @@ class SetupWindowsTest : public QObject {
     QCOMPARE(QString::fromStdString(GetSetting("Orvanta", "Corvalin", "OrvanVariant", "")), QStringLiteral("BM"));
   }
 
+  void closingTheFirstScreenAsksTheQuitQuestionAndNoKeepsIt() {
+    QString home;
+    QWidget* setup = StartConfigured(home);
+    QString question;
+    AnswerBox(QMessageBox::No, &question);
+    setup->close();
+    QCOMPARE(question, QStringLiteral("Do you really want to quit?"));
+    QVERIFY(setup->isVisible());
+    AnswerBox(QMessageBox::No, &question);
+    question.clear();
+    Child<QPushButton>(setup, "cmdQuit")->click();
+    QCOMPARE(question, QStringLiteral("Do you really want to quit?"));
+    QVERIFY(setup->isVisible());
+  }
+
   void everyRowOfTheEnablingOfNextAndTranslate() {
     QString home;
     QWidget* setup = StartConfigured(home);
