@@ -133,11 +133,13 @@ Answer QtToolkit::Message(const MessageRequest& request) {
 }
 
 std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
+  if (AnswerFolderDialog) return AnswerFolderDialog(title, initialFolder).value_or("");
   const QString folder = QFileDialog::getExistingDirectory(nullptr, ToQt(title), PathToQt(initialFolder));
   return PathFromQt(folder);
 }
 
 std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
+  if (AnswerFileDialog) return AnswerFileDialog(request).value_or(request.fileName);
   QString start = PathToQt(request.initialFolder);
   if (!request.fileName.empty()) start = QDir(start).filePath(PathToQt(request.fileName));
   const QString filter = QtFilterOf(request.filter);
@@ -154,7 +156,14 @@ void QtToolkit::SetBusyPointer(bool busy) {
   else QApplication::restoreOverrideCursor();
 }
 
-void QtToolkit::DoEvents() { QCoreApplication::processEvents(); }
+bool QtToolkit::EventsDueNow() { return !sinceEvents_.isValid() || sinceEvents_.elapsed() >= kEventIntervalMs; }
+
+void QtToolkit::DoEvents() {
+  if (busyTextPending_ && busyLabel_ != nullptr) busyLabel_->setText(ToQt(pendingBusyText_));
+  busyTextPending_ = false;
+  QCoreApplication::processEvents();
+  sinceEvents_.start();
+}
 
 void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {
   if (busyWindow_ == nullptr) {
@@ -177,12 +186,20 @@ void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text
     CentreOnScreen(window);
   }
   if (busyWindow_->windowTitle() != ToQt(title)) busyWindow_->setWindowTitle(ToQt(title));
+  // Between two runs of pending events only the last text could be seen:
+  // it is kept, and set when they run next.
+  if (busyWindow_->isVisible() && !EventsDueNow()) {
+    pendingBusyText_ = text;
+    busyTextPending_ = true;
+    return;
+  }
+  busyTextPending_ = false;
   busyLabel_->setText(ToQt(text));
-  busyWindow_->show();
-  DoEvents();
+  if (!busyWindow_->isVisible()) busyWindow_->show();
 }
 
 void QtToolkit::HideBusyWindow() {
+  busyTextPending_ = false;
   if (busyWindow_ == nullptr) return;
   static_cast<BusyMessageWindow*>(busyWindow_.data())->unloading = true;
   busyWindow_->hide();

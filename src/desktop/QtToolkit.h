@@ -5,11 +5,14 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QString>
 #include <QWidget>
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "shell/Toolkit.h"
@@ -34,7 +37,12 @@ class QtToolkit : public Toolkit {
   std::string BrowseForFolder(const std::string& title, const std::string& initialFolder) override;
   std::string ShowFileDialog(const FileDialogRequest& request) override;
   void SetBusyPointer(bool busy) override;
+  // Pending events run at most every kEventIntervalMs: a load that calls it
+  // per line would otherwise spend its time drawing. Cancel still arrives
+  // within that interval.
   void DoEvents() override;
+  bool EventsDueNow() override;
+  static constexpr int kEventIntervalMs = 20;
   void ShowBusyWindow(const std::string& title, const std::string& text) override;
   void HideBusyWindow() override;
   void ShowBanner(const std::string& title, const std::string& text) override;
@@ -46,6 +54,13 @@ class QtToolkit : public Toolkit {
   bool OpenHelp(const std::string& helpFile, const std::string& topic) override;
   void Beep() override;
   [[noreturn]] void EndProcess(int exitCode) override;
+
+  // For tests and the screenshot tour: answers the file and folder dialogs
+  // in place of the person (the chosen path; nothing for Cancel). Qt's own
+  // dialogs open when these are empty.
+  std::function<std::optional<std::string>(const FileDialogRequest&)> AnswerFileDialog;
+  std::function<std::optional<std::string>(const std::string& title, const std::string& initialFolder)>
+      AnswerFolderDialog;
 
   // The windows, for the desktop tests.
   QDialog* BusyWindow() const { return busyWindow_; }
@@ -59,6 +74,9 @@ class QtToolkit : public Toolkit {
   QPointer<QPushButton> busyCancel_;
   QPointer<QWidget> banner_;
   bool busyPointer_ = false;
+  QElapsedTimer sinceEvents_;
+  std::string pendingBusyText_;
+  bool busyTextPending_ = false;
 };
 
 }  // namespace corvalin

@@ -95,6 +95,9 @@ void ScreenWindow::Unloaded() {
 
 void ScreenWindow::RunModal() {
   if (screen_ == nullptr || !screen_->Visible()) return;
+  // Qt takes a change of modality only from a hidden window: the screen's
+  // Show has put it up already.
+  if (isVisible()) hide();
   setWindowModality(Qt::ApplicationModal);
   // Shown before the loop: a modal window must be up when the loop starts.
   show();

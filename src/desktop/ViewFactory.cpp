@@ -1,7 +1,11 @@
 #include "desktop/ViewFactory.h"
 
+#include "desktop/frmColumnsWindow.h"
+#include "desktop/frmConfigureWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
+#include "screens/frmColumns.h"
+#include "screens/frmConfigure.h"
 #include "screens/frmTemplate.h"
 
 namespace corvalin {
@@ -11,6 +15,8 @@ void AttachDesktopViews() {
     // The window attaches itself to its screen, and deletes itself when the
     // screen is unloaded.
     if (auto* setup = dynamic_cast<frmTemplate*>(&screen)) new frmTemplateWindow(*setup);
+    if (auto* defaults = dynamic_cast<frmConfigure*>(&screen)) new frmConfigureWindow(*defaults);
+    if (auto* columns = dynamic_cast<frmColumns*>(&screen)) new frmColumnsWindow(*columns);
   };
 }
 

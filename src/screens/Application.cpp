@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "screens/frmColumns.h"
+#include "screens/frmConfigure.h"
 #include "screens/frmDamageSeverity.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmLocation.h"
@@ -104,6 +105,11 @@ frmLocation& Application::Location() {
   return Load<frmLocation>();
 }
 frmLocationRecord& Application::LocationRecord() { return Load<frmLocationRecord>(); }
+// The defaults screen copies the template list of the first screen.
+frmConfigure& Application::Configure() {
+  Template();
+  return Load<frmConfigure>();
+}
 
 bool Application::TemplateLoaded() const { return Loaded<frmTemplate>(); }
 bool Application::ColumnsLoaded() const { return Loaded<frmColumns>(); }
@@ -114,6 +120,7 @@ bool Application::SlfLoaded() const { return Loaded<frmSlf>(); }
 bool Application::SlfRecordLoaded() const { return Loaded<frmSlfRecord>(); }
 bool Application::LocationLoaded() const { return Loaded<frmLocation>(); }
 bool Application::LocationRecordLoaded() const { return Loaded<frmLocationRecord>(); }
+bool Application::ConfigureLoaded() const { return Loaded<frmConfigure>(); }
 
 void Application::UnloadTemplate() { Unload<frmTemplate>(); }
 void Application::UnloadColumns() { Unload<frmColumns>(); }
@@ -124,6 +131,7 @@ void Application::UnloadSlf() { Unload<frmSlf>(); }
 void Application::UnloadSlfRecord() { Unload<frmSlfRecord>(); }
 void Application::UnloadLocation() { Unload<frmLocation>(); }
 void Application::UnloadLocationRecord() { Unload<frmLocationRecord>(); }
+void Application::UnloadConfigure() { Unload<frmConfigure>(); }
 
 void Application::ShowModal(Screen& dialog) {
   // The dialog's session is one event with whatever opened it: a dialog that

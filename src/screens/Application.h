@@ -25,6 +25,7 @@ class frmSlf;
 class frmSlfRecord;
 class frmLocation;
 class frmLocationRecord;
+class frmConfigure;
 
 class Application {
  public:
@@ -43,6 +44,7 @@ class Application {
   frmSlfRecord& SlfRecord();
   frmLocation& Location();
   frmLocationRecord& LocationRecord();
+  frmConfigure& Configure();
 
   bool TemplateLoaded() const;
   bool ColumnsLoaded() const;
@@ -53,6 +55,7 @@ class Application {
   bool SlfRecordLoaded() const;
   bool LocationLoaded() const;
   bool LocationRecordLoaded() const;
+  bool ConfigureLoaded() const;
 
   void UnloadTemplate();
   void UnloadColumns();
@@ -63,6 +66,7 @@ class Application {
   void UnloadSlfRecord();
   void UnloadLocation();
   void UnloadLocationRecord();
+  void UnloadConfigure();
   // Unloads every screen and destroys them at once (a fresh start, for
   // tests, outside any event).
   void UnloadAll();

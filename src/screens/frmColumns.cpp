@@ -22,6 +22,7 @@
 #include "shell/Toolkit.h"
 #include "translation/RunTranslation.h"
 #include "screens/PrepareDatabase.h"
+#include "screens/TranslateAtOnce.h"
 
 namespace corvalin {
 
@@ -418,22 +419,11 @@ void frmColumns::cmdBack_Click() {
   });
 }
 
-// The short way to the tree list. After a fresh load of the grid screen its
-// headings carry no assignments yet, so the validation fails quietly and the
-// grid is shown: that is the usual outcome.
+// The short way to the tree list; after the translation the wizard goes on
+// to the stand list editor or back to the first screen.
 void frmColumns::cmdFinish_Click() {
   RunEvent([&] {
-    PrepareDatabase();
-    frmHeaders& headers = App().Headers();
-    headers.Left = Left;
-    headers.Top = Top;
-    if (headers.Validate()) {
-      RunTranslation(headers.TranslationOf());
-      HandOverTo(headers.ScreenAfterTranslation());
-    } else {
-      headers.Show();
-      Hide();
-    }
+    if (TranslateAtOnce(*this)) HandOverTo(App().Headers().ScreenAfterTranslation());
   });
 }
 

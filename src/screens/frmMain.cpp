@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "screens/Application.h"
+#include "screens/frmConfigure.h"
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
 #include "shell/EventScope.h"
@@ -106,6 +107,9 @@ bool frmMain::Locate_Directories() {
 void frmMain::InteractivePath() {
   Run().CommandLineMode = false;
   FirstUseConfigurationDue = !IsYes(GetSetting(SettingsApplication, "Corvalin", "Configured", "NO"));
+  // The first-use configuration: its Cancel leaves the setting as it was, so
+  // the defaults screen comes back at the next start, and the wizard goes on.
+  if (FirstUseConfigurationDue) App().ShowModal(App().Configure());
   App().Template().Show();
 }
 

@@ -45,8 +45,8 @@ class frmMain : public Screen {
   bool Locate_Directories();
 
   // Whether the first-use configuration is still to be done (the setting
-  // Configured is not yes). The defaults screen that does it opens here when
-  // it is part of the program; until then the wizard starts on frmTemplate.
+  // Configured is not yes): the defaults screen then opens modally before
+  // the first screen.
   bool FirstUseConfigurationDue = false;
 
   // The common dialogs of all screens.

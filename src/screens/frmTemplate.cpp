@@ -7,7 +7,13 @@
 #include "screens/Application.h"
 #include "screens/RunFiles.h"
 #include "screens/StateDigest.h"
+#include "screens/frmColumns.h"
+#include "screens/frmConfigure.h"
+#include "screens/frmHeaders.h"
 #include "screens/frmMain.h"
+#include "screens/frmSlf.h"
+#include "screens/PrepareDatabase.h"
+#include "screens/TranslateAtOnce.h"
 #include "shell/AppUtil.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
@@ -394,6 +400,122 @@ void frmTemplate::chkEditStandListFile_Click() {
 
 void frmTemplate::chkNoInput_Click() {
   RunEvent([this] { lblInputFile.SetCaption(chkNoInput.Checked() ? NoInputFileMarker : ""); });
+}
+
+void frmTemplate::ChooseFileFor(Label& label, FileDialogRequest& dialog, const std::string& startFolder,
+                                const std::string& fileName) {
+  dialog.initialFolder = startFolder;
+  dialog.fileName = fileName;
+  const std::string chosen = UI().ShowFileDialog(dialog);
+  // Cancel gives back the preset name; a chosen file comes as a full path.
+  if (chosen.empty() || chosen == fileName) return;
+  label.SetCaption(chosen);
+  if (&label == &lblInputFile) Run().InputPreviewLoaded = false;
+}
+
+void frmTemplate::cmdChangeInput_Click() {
+  RunEvent([this] {
+    const std::string& caption = lblInputFile.Caption;
+    if (caption.empty() || caption == NoInputFileMarker) {
+      ChooseFileFor(lblInputFile, MainForm().cmnInputFileDialog, Run().DefaultInputFileDirectory, "");
+    } else {
+      ChooseFileFor(lblInputFile, MainForm().cmnInputFileDialog, FileFolderOf(caption), FileNameOf(caption));
+    }
+  });
+}
+
+void frmTemplate::cmdChangeOutput_Click() {
+  RunEvent([this] {
+    const std::string& caption = lblOutputFile.Caption;
+    if (caption.empty()) {
+      ChooseFileFor(lblOutputFile, MainForm().cmnOutputFileDialog, Run().DefaultOutputFileDirectory, "");
+    } else {
+      ChooseFileFor(lblOutputFile, MainForm().cmnOutputFileDialog, FileFolderOf(caption), FileNameOf(caption));
+    }
+  });
+}
+
+// The stand list and location dialogs start at the whole caption, or at the
+// working directory when there is none.
+void frmTemplate::cmdSelectSlf_Click() {
+  RunEvent([this] {
+    const std::string& caption = lblSlfFile.Caption;
+    ChooseFileFor(lblSlfFile, MainForm().cmnSlfFileDialog, caption.empty() ? lblWorkingDirectory.Caption : caption,
+                  caption.empty() ? "" : FileNameOf(caption));
+  });
+}
+
+void frmTemplate::cmdSelectLocations_Click() {
+  RunEvent([this] {
+    const std::string& caption = lblLocationsFile.Caption;
+    ChooseFileFor(lblLocationsFile, MainForm().cmnLocationFileDialog,
+                  caption.empty() ? lblWorkingDirectory.Caption : caption, caption.empty() ? "" : FileNameOf(caption));
+  });
+}
+
+void frmTemplate::cmdDeleteTemplate_Click() {
+  RunEvent([this] {
+    if (cmbTemplate.ListIndex <= 0) return;
+    const std::string name = cmbTemplate.Text;
+    const Answer answer = UI().Message(
+        {"Do you really want to delete: " + name + "?", Buttons::YesNo, Icon::Question, "Delete Template", 1});
+    if (answer == Answer::Yes) {
+      std::error_code ec;
+      if (!std::filesystem::remove(Run().WorkFolder + name + kTemplateExtension, ec) || ec) {
+        ShowMessage("Error occurred with file deletion.");
+        return;
+      }
+    }
+    // The same place in the list again, or the entry before it when the
+    // last one went.
+    const int index = cmbTemplate.ListIndex;
+    const int count = cmbTemplate.ListCount();
+    RefreshTemplateList("");
+    cmbTemplate.Select(index == count - 1 && answer == Answer::Yes ? count - 2 : index);
+    cmbTemplate_Click();
+  });
+}
+
+void frmTemplate::cmdNext_Click() {
+  RunEvent([this] {
+    UI().SetBusyPointer(true);
+    if (chkTranslateFile.Checked()) {
+      if (!Run().InputPreviewLoaded) ReadInputPreview();
+      if (lblInputFile.Caption != NoInputFileMarker) {
+        frmColumns& columns = App().Columns();
+        columns.RefreshColumnPreview();
+        HandOverTo(columns);
+      } else {
+        frmColumns& columns = App().Columns();
+        columns.Left = Left;
+        columns.Top = Top;
+        PrepareDatabase();
+        frmHeaders& headers = App().Headers();
+        headers.cmdNext.Caption = chkEditStandListFile.Checked() ? "Next >>" : "Done";
+        HandOverTo(headers);
+      }
+    } else if (chkEditStandListFile.Checked()) {
+      HandOverTo(App().Slf());
+    }
+    Hide();
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmTemplate::cmdNextTrans_Click() { cmdNext_Click(); }
+
+void frmTemplate::cmdFinish_Click() {
+  RunEvent([this] {
+    UI().SetBusyPointer(true);
+    if (!Run().InputPreviewLoaded) ReadInputPreview();
+    App().Columns();
+    if (TranslateAtOnce(*this) && chkEditStandListFile.Checked()) HandOverTo(App().Slf());
+    UI().SetBusyPointer(false);
+  });
+}
+
+void frmTemplate::cmdConfigure_Click() {
+  RunEvent([] { App().ShowModal(App().Configure()); });
 }
 
 void frmTemplate::cmdHelp_Click() {

@@ -33,6 +33,22 @@ class frmTemplate : public Screen {
   void chkTranslateFile_Click();
   void chkEditStandListFile_Click();
   void chkNoInput_Click();
+  // The file dialogs: a chosen file becomes the label's caption (and is
+  // checked by its change routine); a cancelled dialog changes nothing.
+  void cmdChangeInput_Click();
+  void cmdChangeOutput_Click();
+  void cmdSelectSlf_Click();
+  void cmdSelectLocations_Click();
+  // Deletes the selected template's file after asking.
+  void cmdDeleteTemplate_Click();
+  // On to the column screen (or the grid without an input file) in the
+  // translate path, or to the stand list editor in the edit path.
+  void cmdNext_Click();
+  void cmdNextTrans_Click();
+  // Translates at once with the template.
+  void cmdFinish_Click();
+  // The defaults screen, modally.
+  void cmdConfigure_Click();
   void cmdHelp_Click();
   void cmdQuit_Click();
   // A close by the window's control menu: the quit question, and the close
@@ -87,6 +103,8 @@ class frmTemplate : public Screen {
   void ReadCommandLine();
   void LoadDefaultsFromSettings();
   void SetUpFileDialogs();
+  void ChooseFileFor(Label& label, FileDialogRequest& dialog, const std::string& startFolder,
+                     const std::string& fileName);
 };
 
 }  // namespace corvalin

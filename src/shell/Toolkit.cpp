@@ -61,6 +61,7 @@ std::string UserInterface::ShowFileDialog(const FileDialogRequest& request) {
 void UserInterface::SetBusyPointer(bool busy) { Kit().SetBusyPointer(busy); }
 
 void UserInterface::DoEvents() {
+  if (!Kit().EventsDueNow()) return;
   WaitOnPerson wait;
   Kit().DoEvents();
 }

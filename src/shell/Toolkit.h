@@ -64,6 +64,10 @@ class Toolkit {
   virtual void SetBusyPointer(bool busy) = 0;
   // Let pending window events run (the only way Cancel reaches a long loop).
   virtual void DoEvents() = 0;
+  // Whether a DoEvents now would let events run. A Toolkit that lets them
+  // run only every few milliseconds says no in between, and the views are
+  // then not brought up to date for it: a long loop's progress costs little.
+  virtual bool EventsDueNow() { return true; }
 
   // frmBusyMessage: created at the first call, caption and text set.
   virtual void ShowBusyWindow(const std::string& title, const std::string& text) = 0;

@@ -100,6 +100,22 @@ class QtToolkitTest : public QObject {
     QVERIFY(toolkit.BusyWindow()->isVisible());
   }
 
+  void BusyTextOfALineBetweenTwoRunsOfEventsIsSetWhenTheyRunNext() {
+    QtToolkit toolkit;
+    toolkit.ShowBusyWindow("Loading", "Line 1");
+    toolkit.DoEvents();
+    QVERIFY(!toolkit.EventsDueNow());
+    toolkit.ShowBusyWindow("Loading", "Line 2");
+    toolkit.ShowBusyWindow("Loading", "Line 3");
+    QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 1"));
+    toolkit.DoEvents();
+    QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 3"));
+    QTest::qWait(QtToolkit::kEventIntervalMs + 5);
+    QVERIFY(toolkit.EventsDueNow());
+    toolkit.ShowBusyWindow("Loading", "Line 4");
+    QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 4"));
+  }
+
   void BusyWindowWithAnUnchangedTitleOnlyChangesTheText() {
     QtToolkit toolkit;
     toolkit.ShowBusyWindow("Loading", "Line 1");

@@ -504,7 +504,7 @@ TEST_F(LoadTable, TranslateAfterAFreshLoadShowsTheGrid) {
   screen.Top = 80;
   screen.Show();
   screen.cmdFinish_Click();
-  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_TRUE(ui.boxes.empty()) << ui.Texts()[0];
   EXPECT_EQ(RowCount(), 1);
   frmHeaders& headers = App().Headers();
   EXPECT_TRUE(headers.Visible());

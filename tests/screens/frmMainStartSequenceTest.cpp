@@ -7,6 +7,7 @@
 
 #include "TestSupport.h"
 #include "screens/Application.h"
+#include "screens/frmConfigure.h"
 #include "screens/frmMain.h"
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
@@ -76,6 +77,7 @@ class StartSequence : public FreshProcess {
 };
 
 TEST_F(StartSequence, EmptyCommandLineStartsTheWizardOnTheSetupScreen) {
+  SaveSetting("Orvanta", "Corvalin", "Configured", "YES");
   EXPECT_EQ(Start(), -1);
   EXPECT_FALSE(Run().CommandLineMode);
   ASSERT_TRUE(App().TemplateLoaded());
@@ -157,6 +159,42 @@ TEST_F(StartSequence, ConfiguredBeginningWithYInEitherCaseMeansConfigured) {
 TEST_F(StartSequence, MissingConfiguredSettingMeansNotConfigured) {
   Start();
   EXPECT_TRUE(MainForm().FirstUseConfigurationDue);
+}
+
+TEST_F(StartSequence, FirstStartShowsTheDefaultsScreenModallyBeforeTheFirstScreen) {
+  bool firstScreenUp = true;
+  ui.AnswerDialog<frmConfigure>([&](frmConfigure& dialog) {
+    firstScreenUp = App().Template().Visible();
+    EXPECT_TRUE(dialog.Visible());
+    EXPECT_EQ(dialog.cmbTemplate.Items, (std::vector<std::string>{"None", "Other", "Sample"}));
+    dialog.cmdOk_Click();
+  });
+  EXPECT_EQ(Start(), -1);
+  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmConfigure"});
+  EXPECT_FALSE(firstScreenUp);
+  EXPECT_TRUE(App().Template().Visible());
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "Configured", "NO"), "YES");
+  // Configured now: the next start goes straight to the first screen.
+  App().UnloadAll();
+  Start();
+  EXPECT_EQ(ui.modalDialogs.size(), 1u);
+}
+
+TEST_F(StartSequence, CancelAtTheFirstStartGoesOnAndTheDefaultsScreenComesBackNextTime) {
+  ui.AnswerDialog<frmConfigure>([](frmConfigure& dialog) { dialog.cmdCancel_Click(); });
+  Start();
+  EXPECT_TRUE(App().Template().Visible());
+  EXPECT_FALSE(App().ConfigureLoaded());
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "Configured", "NO"), "NO");
+  App().UnloadAll();
+  Start();
+  EXPECT_EQ(ui.modalDialogs, (std::vector<std::string>{"frmConfigure", "frmConfigure"}));
+}
+
+TEST_F(StartSequence, AnUnattendedRunNeverShowsTheDefaultsScreen) {
+  SetCommandLine("a b c");
+  Start();
+  EXPECT_TRUE(ui.modalDialogs.empty());
 }
 
 TEST_F(StartSequence, FirstStartWithNoSettingsTwoYesAnswersSetUpBothFolders) {

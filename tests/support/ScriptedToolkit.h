@@ -49,6 +49,7 @@ class ScriptedToolkit : public Toolkit {
   // What happened.
   std::vector<RecordedBox> boxes;
   std::vector<std::string> folderTitles;
+  std::vector<std::string> folderStarts;  // the start folder of each folder dialog
   std::vector<FileDialogRequest> fileDialogs;
   std::vector<std::pair<std::string, std::string>> busyWindow;  // title, text per call
   std::vector<std::pair<std::string, std::string>> helpOpened;  // file, topic

@@ -28,8 +28,9 @@ Answer ScriptedToolkit::Message(const MessageRequest& request) {
   return answer;
 }
 
-std::string ScriptedToolkit::BrowseForFolder(const std::string& title, const std::string&) {
+std::string ScriptedToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
   folderTitles.push_back(title);
+  folderStarts.push_back(initialFolder);
   if (folders.empty()) return "";
   std::string folder = folders.front();
   folders.pop_front();

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPointer>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -79,12 +80,18 @@ void Tour::WhenModal(std::function<void(QWidget*)> act) {
   auto* timer = new QTimer;
   timer->setInterval(50);
   QObject::connect(timer, &QTimer::timeout, [timer, act] {
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-      timer->stop();
-      timer->deleteLater();
-      Settle(200);
-      act(modal);
+    QPointer<QWidget> modal = QApplication::activeModalWidget();
+    if (modal == nullptr || !modal->isVisible()) return;
+    timer->stop();
+    Settle(200);
+    // A window that was going as the timer fired (the box before it) is
+    // not the one to act on: wait for the next.
+    if (modal == nullptr || !modal->isVisible() || QApplication::activeModalWidget() != modal) {
+      timer->start();
+      return;
     }
+    timer->deleteLater();
+    act(modal);
   });
   timer->start();
 }

@@ -1,0 +1,85 @@
+#include "desktop/DrawControls.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "desktop/QtToolkit.h"
+
+namespace corvalin {
+
+void DrawState(QWidget* widget, const Control& control) {
+  widget->setEnabled(control.Enabled);
+  widget->setVisible(control.Visible);
+}
+
+void DrawCaption(QLabel* widget, const Label& label) {
+  widget->setText(ToQt(label.Caption));
+  widget->setStyleSheet(label.Red ? QStringLiteral("color: rgb(255, 0, 0)") : QString());
+  DrawState(widget, label);
+}
+
+void DrawPath(QLineEdit* widget, const Label& label) {
+  const QString text = PathToQt(label.Caption);
+  if (widget->text() != text) {
+    widget->setText(text);
+    widget->setCursorPosition(0);
+  }
+  widget->setToolTip(text);
+  widget->setStyleSheet(label.Red ? QStringLiteral("color: rgb(255, 0, 0)") : QString());
+  DrawState(widget, label);
+}
+
+void DrawButton(QAbstractButton* widget, const Button& button) {
+  widget->setText(ToQt(button.Caption));
+  DrawState(widget, button);
+}
+
+void DrawCheck(QCheckBox* widget, const CheckBox& box) {
+  const QSignalBlocker block(widget);
+  widget->setText(ToQt(box.Caption));
+  widget->setChecked(box.Checked());
+  DrawState(widget, box);
+}
+
+void DrawOption(QRadioButton* widget, const OptionButton& option) {
+  const QSignalBlocker block(widget);
+  widget->setText(ToQt(option.Caption));
+  widget->setChecked(option.Value);
+  DrawState(widget, option);
+}
+
+void DrawText(QLineEdit* widget, const TextBox& box) {
+  const QSignalBlocker block(widget);
+  const QString text = ToQt(box.Text);
+  if (widget->text() != text) widget->setText(text);
+  DrawState(widget, box);
+}
+
+void DrawList(QComboBox* widget, const ListControl& list) {
+  const QSignalBlocker block(widget);
+  QStringList items;
+  for (const std::string& item : list.Items) items << ToQt(item);
+  QStringList shown;
+  for (int i = 0; i < widget->count(); ++i) shown << widget->itemText(i);
+  if (shown != items) {
+    widget->clear();
+    widget->addItems(items);
+  }
+  widget->setCurrentIndex(list.ListIndex);
+  DrawState(widget, list);
+}
+
+QLineEdit* NewPathField(QWidget* parent, const char* name) {
+  auto* field = new QLineEdit(parent);
+  field->setObjectName(QString::fromLatin1(name));
+  field->setReadOnly(true);
+  field->setMinimumWidth(360);
+  return field;
+}
+
+}  // namespace corvalin

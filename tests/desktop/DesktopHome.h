@@ -1,0 +1,105 @@
+// What the desktop tests of the wizard's windows share: a fresh process in a
+// fresh HOME (empty, or with the Data and Work folders set up and the
+// sample templates in place), the desktop's windows for the screens, and a
+// way to answer the modal window that comes up next.
+#pragma once
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMessageBox>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "desktop/ViewFactory.h"
+#include "screens/ProcessState.h"
+#include "shell/Process.h"
+#include "shell/Settings.h"
+
+namespace corvalin::desktoptest {
+
+inline QString NewHome() {
+  static int count = 0;
+  const QString home = QDir::tempPath() +
+                       QStringLiteral("/corvalin-desktop-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
+  QDir(home).removeRecursively();
+  QDir().mkpath(home);
+  qputenv("HOME", home.toUtf8());
+  qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/.config")).toUtf8());
+  qunsetenv("XDG_DOCUMENTS_DIR");
+  return home;
+}
+
+// A fresh process and an empty HOME; the program's folder is the build's,
+// so the installation files beside it are found.
+inline QString FreshEmptyHome() {
+  ResetProcessState();
+  AttachDesktopViews();
+  SetProgramFileFolder(CORVALIN_BINARY_DIR "/bin");
+  SetCommandLine("");
+  return NewHome();
+}
+
+// The Work folder of a configured HOME.
+inline QString WorkOf(const QString& home) { return home + QStringLiteral("/Documents/Orvanta/Work/"); }
+
+inline QString FreshConfiguredHome() {
+  const QString home = FreshEmptyHome();
+  const QString orvanta = home + QStringLiteral("/Documents/Orvanta");
+  QDir().mkpath(orvanta + QStringLiteral("/Data"));
+  QDir().mkpath(orvanta + QStringLiteral("/Work"));
+  SaveSetting(SettingsApplication, "Common", "DataDir", (orvanta + QStringLiteral("/Data/")).toStdString());
+  SaveSetting(SettingsApplication, "Common", "WorkDir", (orvanta + QStringLiteral("/Work/")).toStdString());
+  SaveSetting(SettingsApplication, "Corvalin", "Configured", "YES");
+  const QDir samples(QStringLiteral(CORVALIN_BINARY_DIR "/share/corvalin/Work"));
+  for (const QString& file : samples.entryList(QDir::Files))
+    QFile::copy(samples.filePath(file), WorkOf(home) + file);
+  return home;
+}
+
+// Lets the event loop run for a while.
+inline void Settle(int milliseconds = 50) {
+  QElapsedTimer waited;
+  waited.start();
+  while (waited.elapsed() < milliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+// Runs act on the next modal window (a box, a modal screen) once it is up,
+// from inside its loop.
+inline void WhenModal(std::function<void(QWidget*)> act) {
+  auto* timer = new QTimer;
+  timer->setInterval(10);
+  QObject::connect(timer, &QTimer::timeout, [timer, act] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || !modal->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    act(modal);
+  });
+  timer->start();
+}
+
+// Answers the next message box with a button, and keeps its text.
+inline void AnswerBox(QMessageBox::StandardButton button, QString* text = nullptr) {
+  WhenModal([button, text](QWidget* modal) {
+    auto* box = qobject_cast<QMessageBox*>(modal);
+    if (box == nullptr) {
+      modal->close();
+      return;
+    }
+    if (text != nullptr) *text = box->text();
+    box->button(button)->click();
+  });
+}
+
+// The visible top-level window with this object name, or null.
+inline QWidget* Window(const QString& name) {
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (widget->objectName() == name && widget->isVisible()) return widget;
+  return nullptr;
+}
+
+}  // namespace corvalin::desktoptest
