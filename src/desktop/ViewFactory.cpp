@@ -1,8 +1,14 @@
 #include "desktop/ViewFactory.h"
 
+#include "desktop/frmDamageSeverityWindow.h"
+#include "desktop/frmHeadersWindow.h"
+#include "desktop/frmTemplateNameWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
+#include "screens/frmDamageSeverity.h"
+#include "screens/frmHeaders.h"
 #include "screens/frmTemplate.h"
+#include "screens/frmTemplateName.h"
 
 namespace corvalin {
 
@@ -11,6 +17,9 @@ void AttachDesktopViews() {
     // The window attaches itself to its screen, and deletes itself when the
     // screen is unloaded.
     if (auto* setup = dynamic_cast<frmTemplate*>(&screen)) new frmTemplateWindow(*setup);
+    if (auto* grid = dynamic_cast<frmHeaders*>(&screen)) new frmHeadersWindow(*grid);
+    if (auto* damage = dynamic_cast<frmDamageSeverity*>(&screen)) new frmDamageSeverityWindow(*damage);
+    if (auto* name = dynamic_cast<frmTemplateName*>(&screen)) new frmTemplateNameWindow(*name);
   };
 }
 
