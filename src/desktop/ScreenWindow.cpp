@@ -95,6 +95,9 @@ void ScreenWindow::Unloaded() {
 
 void ScreenWindow::RunModal() {
   if (screen_ == nullptr || !screen_->Visible()) return;
+  // Qt takes the modality only when a window is shown: one already up (its
+  // Shown came first) is shown again as modal.
+  if (isVisible()) hide();
   setWindowModality(Qt::ApplicationModal);
   // Shown before the loop: a modal window must be up when the loop starts.
   show();
