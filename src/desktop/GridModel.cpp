@@ -44,15 +44,13 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     return QString::fromLatin1(cell->data(), static_cast<qsizetype>(cell->size()));
   }
   if (role == Qt::BackgroundRole) {
-    // The background, so that the text stays readable on both colours.
+    // The background, so that the text in its usual colour stays readable
+    // on both.
     switch (screen_->CellColour(index.column(), index.row())) {
       case kCellColourInvalid: return QColor(255, 0, 0);
       case kCellColourExcluded: return QColor(255, 255, 0);
       default: return {};
     }
-  }
-  if (role == Qt::ForegroundRole) {
-    if (screen_->CellColour(index.column(), index.row()) != kCellColourNone) return QColor(0, 0, 0);
   }
   return {};
 }

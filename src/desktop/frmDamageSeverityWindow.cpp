@@ -69,6 +69,7 @@ frmDamageSeverityWindow::frmDamageSeverityWindow(frmDamageSeverity& screen) : Sc
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);
   layout->addLayout(buttons);
+  setMinimumWidth(460);
 
   severity_->installEventFilter(this);
   severity_->lineEdit()->installEventFilter(this);

@@ -118,8 +118,10 @@ frmHeadersWindow::frmHeadersWindow(frmHeaders& screen) : ScreenWindow(screen), h
   BuildControls();
   Connect();
   screen.SetGridGeometry(this);
-  resize(1100, 720);
+  resize(sizeHint());
 }
+
+QSize frmHeadersWindow::sizeHint() const { return {1180, 760}; }
 
 frmHeadersWindow::~frmHeadersWindow() {
   if (headers_ != nullptr) headers_->SetGridGeometry(nullptr);

@@ -58,6 +58,8 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   int VisibleColumns() const override;
 
   void Unloaded() override;
+  // The grid opens large: the table is what the person came for.
+  QSize sizeHint() const override;
 
  protected:
   void Redraw(const ScreenChanges& changes) override;

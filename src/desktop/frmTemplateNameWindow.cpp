@@ -41,6 +41,7 @@ frmTemplateNameWindow::frmTemplateNameWindow(frmTemplateName& screen) : ScreenWi
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(field);
   layout->addLayout(buttons);
+  setMinimumWidth(380);
 
   connect(name_, &QComboBox::currentTextChanged, this, [this](const QString& text) {
     if (drawing_ || DrawnScreen() == nullptr) return;
