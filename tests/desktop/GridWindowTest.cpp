@@ -294,6 +294,17 @@ class GridWindowTest : public QObject {
     QVERIFY(table->selectionModel()->isRowSelected(499, QModelIndex()));
   }
 
+  void TheCloseBoxAsksTheQuitQuestionAndNoKeepsTheGrid() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    session_->answers.push_back(QMessageBox::No);
+    session_->AnswerBoxes();
+    window->close();
+    session_->StopAnswering();
+    QCOMPARE(session_->boxes, std::vector<std::string>{"Do you really want to quit?"});
+    QVERIFY(window->isVisible());
+    QVERIFY(App().Headers().Visible());
+  }
+
   void TypingACharacterWithoutASingleByteIsRefused() {
     frmHeadersWindow* window = session_->Open(Trees());
     QAbstractItemModel* model = window->Model();
