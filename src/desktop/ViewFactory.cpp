@@ -2,11 +2,17 @@
 
 #include "desktop/frmColumnsWindow.h"
 #include "desktop/frmConfigureWindow.h"
+#include "desktop/frmDamageSeverityWindow.h"
+#include "desktop/frmHeadersWindow.h"
+#include "desktop/frmTemplateNameWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
+#include "screens/frmDamageSeverity.h"
+#include "screens/frmHeaders.h"
 #include "screens/frmTemplate.h"
+#include "screens/frmTemplateName.h"
 
 namespace corvalin {
 
@@ -17,6 +23,9 @@ void AttachDesktopViews() {
     if (auto* setup = dynamic_cast<frmTemplate*>(&screen)) new frmTemplateWindow(*setup);
     if (auto* defaults = dynamic_cast<frmConfigure*>(&screen)) new frmConfigureWindow(*defaults);
     if (auto* columns = dynamic_cast<frmColumns*>(&screen)) new frmColumnsWindow(*columns);
+    if (auto* grid = dynamic_cast<frmHeaders*>(&screen)) new frmHeadersWindow(*grid);
+    if (auto* damage = dynamic_cast<frmDamageSeverity*>(&screen)) new frmDamageSeverityWindow(*damage);
+    if (auto* name = dynamic_cast<frmTemplateName*>(&screen)) new frmTemplateNameWindow(*name);
   };
 }
 

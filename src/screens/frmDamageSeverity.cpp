@@ -6,6 +6,7 @@
 #include "screens/frmHeaders.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
+#include "shell/Help.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 
@@ -15,6 +16,11 @@ void frmDamageSeverity::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "DamageSeverity";
     Caption = std::string(ApplicationTitle) + " - Edit Damage/Severity Pair";
+    lblDamage.Caption = "Damage Code:";
+    lblSeverity.Caption = "Severity Code:";
+    cmdOk.Caption = "OK";
+    cmdCancel.Caption = "Cancel";
+    cmdHelp.Caption = "Help";
     cmbDamage.Clear();
     for (const std::string& item : DamageItems()) cmbDamage.AddItem(item);
     cmbSeverity.Clear();
@@ -89,9 +95,13 @@ void frmDamageSeverity::cmdCancel_Click() {
   });
 }
 
+void frmDamageSeverity::cmdHelp_Click() {
+  RunEvent([&] { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); });
+}
+
 void frmDamageSeverity::DescribeControls(StateDigest& digest) const {
   Screen::DescribeControls(digest);
-  digest << cmbDamage << cmbSeverity << cmdOk << cmdCancel << cmdHelp;
+  digest << lblDamage << lblSeverity << cmbDamage << cmbSeverity << cmdOk << cmdCancel << cmdHelp;
 }
 
 }  // namespace corvalin

@@ -20,6 +20,8 @@ class frmDamageSeverity : public Screen {
   void Form_Load() override;
   void DismissAsCancelled() override { cmdCancel_Click(); }
 
+  Label lblDamage;
+  Label lblSeverity;
   ListControl cmbDamage;
   ListControl cmbSeverity;
   Button cmdOk;
@@ -41,6 +43,8 @@ class frmDamageSeverity : public Screen {
   // Both end the dialog: it is unloaded.
   void cmdOk_Click();
   void cmdCancel_Click();
+  // Help on this dialog.
+  void cmdHelp_Click();
 
  protected:
   void DescribeControls(StateDigest& digest) const override;

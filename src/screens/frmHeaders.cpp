@@ -97,6 +97,12 @@ frmHeaders::frmHeaders() {
   cmdBack.Caption = "<< Back";
   cmdQuit.Caption = "Quit";
   cmdHelp.Caption = "Help";
+  mnuReplaceAll.Caption = "Find/Replace";
+  mnuExcludeContaining.Caption = "Exclude Rows Containing...";
+  mnuExcludeStartingWith.Caption = "Exclude Rows Starting With...";
+  mnuAddColumn.Caption = "Add Column";
+  mnuExcludeRows.Caption = "Exclude Selected Rows";
+  mnuIncludeRows.Caption = "Include Selected Rows";
   for (ListControl* list : {&lstSpecies, &lstTreeHistory, &lstCrownRatio, &lstTreeValueClass,
                             &lstCutLeavePrescription, &lstPlotHabitat, &lstPlotTopographicalPosition,
                             &lstPlotSitePreparation})
@@ -294,9 +300,13 @@ bool frmHeaders::IsUnitsOfMeasurementSystem(const std::string& units) const {
   return corvalin::IsUnitsOfMeasurementSystem(units, optMetric.Value);
 }
 
+void frmHeaders::HeadingParts(int column, std::string& type, std::string& units) const {
+  LooseSplit(ColumnCaption.at(static_cast<std::size_t>(column)), type, units);
+}
+
 bool frmHeaders::HasPickList(int column) const {
   std::string type, units;
-  LooseSplit(ColumnCaption.at(static_cast<std::size_t>(column)), type, units);
+  HeadingParts(column, type, units);
   return corvalin::HasPickList(type, units);
 }
 
@@ -363,10 +373,23 @@ void frmHeaders::SelectGridRow(Recordset::Bookmark bookmark) {
   if (!Adodc1.Recordset) RaiseUnboundGrid();
   SelBookmarks.clear();
   SelBookmarks.push_back(bookmark);
-  // The grid makes the row its current record and scrolls it to the top, so
-  // the row found is the first one shown.
-  Adodc1.Recordset->SetBookmark(bookmark);
+  // The grid makes the row its current record. A row already on view stays
+  // where it is; any other is scrolled to the top, where it is row 0.
+  Recordset& rows = *Adodc1.Recordset;
+  const int lineField = rows.RequireField("LineNum");
+  const std::string current(rows.IsEOF() || rows.IsBOF() ? "" : rows.CellAt(lineField).value_or(""));
+  const std::string target(rows.CellAt(bookmark, lineField).value_or(""));
+  rows.SetBookmark(bookmark);
   Row = 0;
+  if (current != target) {
+    for (int row = 1; row < Geometry().VisibleRows(); ++row) {
+      const Recordset::Bookmark onView = Geometry().RowBookmark(row);
+      if (onView >= 0 && rows.CellAt(onView, lineField).value_or("") == target) {
+        Row = row;
+        break;
+      }
+    }
+  }
   RefreshGrid();
   UI().DoEvents();
 }
@@ -765,6 +788,8 @@ void frmHeaders::DescribeControls(StateDigest& digest) const {
          << cmdValidate << cmdFinish << cmdNext << cmdBack << cmdQuit << cmdHelp << lstSpecies << lstTreeHistory
          << lstCrownRatio << lstTreeValueClass << lstCutLeavePrescription << lstPlotHabitat
          << lstPlotTopographicalPosition << lstPlotSitePreparation << CurrentColumn << ButtonColumn;
+  digest << PickListLeft << PickListTop << static_cast<int>(PopupMenu) << mnuReplaceAll << mnuExcludeContaining
+         << mnuExcludeStartingWith << mnuAddColumn << mnuExcludeRows << mnuIncludeRows;
 }
 
 uint64_t frmHeaders::HeadingsDigest() const {
@@ -783,7 +808,7 @@ uint64_t frmHeaders::SelectionDigest() const {
 
 uint64_t frmHeaders::CurrentDigest() const {
   StateDigest digest;
-  digest << Row << LeftCol << VisibleColumnCount;
+  digest << Row << Col << LeftCol << VisibleColumnCount;
   const Recordset* rows = Adodc1.Recordset.get();
   digest << (rows != nullptr && !rows->IsEOF() && !rows->IsBOF() ? rows->GetBookmark() : -1L);
   return digest.Value();

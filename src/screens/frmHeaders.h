@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "screens/Controls.h"
+#include "screens/GridGeometry.h"
 #include "screens/Screen.h"
 #include "translation/RunTranslation.h"
 #include "worktable/Recordset.h"
@@ -66,8 +67,10 @@ class frmHeaders : public Screen {
   int VisibleColumnCount = 8;
   // The selected rows, by bookmark of the bound row set.
   std::vector<Recordset::Bookmark> SelBookmarks;
-  // The current row, counted from the first row shown.
+  // The current row, counted from the first row shown, and the current
+  // column of the grid.
   int Row = 0;
+  int Col = 1;
   // How often the grid was asked to repaint.
   int RefreshCount = 0;
   // Repaints every cell, asking the colour rule again.
@@ -121,6 +124,9 @@ class frmHeaders : public Screen {
   void FillUnitChoices();
   bool IsUnitsOfMeasurementSystem(const std::string& units) const;
   bool HasPickList(int column) const;
+  // The type and units on a column's heading; a heading without a CR is all
+  // type.
+  void HeadingParts(int column, std::string& type, std::string& units) const;
   void SetColumnButton(int column);
   void SyncAssignControls();
   void SelectGridColumn(int column);
@@ -141,7 +147,77 @@ class frmHeaders : public Screen {
   void SelectUnitChoice(int index);
   void SelectVariant(int index);
 
+  // --- the grid's events (the view calls them; pixels are the view's) ---
+  // The view that answers the grid's questions; nullptr: no view.
+  void SetGridGeometry(const GridGeometry* geometry);
+  const GridGeometry& Geometry() const;
+  // A click on a column's heading: the column is selected.
+  void TDBGrid1_HeadClick(int column);
+  // The selection changed: a range of columns is cut to its first.
+  void TDBGrid1_SelChange();
+  // The current cell moved to this row and column.
+  void TDBGrid1_RowColChange(Recordset::Bookmark bookmark, int column);
+  // The grid scrolled: the species and crown ratio lists close.
+  void TDBGrid1_Scroll();
+  // Before a cell is edited; true cancels the edit (LineNum is never edited).
+  bool TDBGrid1_BeforeColEdit(int column);
+  // A row added at the end through the grid: numbered after the last row.
+  void AddGridRow();
+  void TDBGrid1_AfterInsert();
+  // A cell typed by the person: the row is written at once.
+  void SetCellText(Recordset::Bookmark bookmark, int column, const std::string& text);
+  // The drop-down button of a cell of the current row.
+  void TDBGrid1_ButtonClick(int column);
+  // Mouse events of the grid: button 1 left, 2 right; shift 1 held; x and y
+  // in the grid's pixels, the strip of row selectors at its left.
+  void TDBGrid1_MouseDown(int button, int shift, int x, int y);
+  void TDBGrid1_MouseMove(int button, int shift, int x, int y);
+  void TDBGrid1_MouseUp(int button, int shift, int x, int y);
+
+  // The pick lists, one for each coded column type.
+  enum class PickList : uint8_t {
+    Species,
+    TreeHistory,
+    CrownRatio,
+    TreeValueClass,
+    CutLeavePrescription,
+    PlotHabitat,
+    PlotTopographicalPosition,
+    PlotSitePreparation,
+  };
+  static constexpr int kPickLists = 8;
+  ListControl& PickListControl(PickList list);
+  // The list a column's heading opens, or nullptr.
+  ListControl* PickListOf(int column);
+  // An entry of an open list was clicked (the view selects it first).
+  void PickList_Click(PickList list);
+  void PickList_LostFocus(PickList list);
+  // Where the open pick list stands, in the window's pixels.
+  int PickListLeft = 0;
+  int PickListTop = 0;
+
+  // The context menus of the grid: which one is up, and their entries.
+  enum class GridMenu : uint8_t { None, Column, Row };
+  GridMenu PopupMenu = GridMenu::None;
+  Button mnuReplaceAll;
+  Button mnuExcludeContaining;
+  Button mnuExcludeStartingWith;
+  Button mnuAddColumn;
+  Button mnuExcludeRows;
+  Button mnuIncludeRows;
+  // The menu went away, with or without a choice.
+  void PopupMenu_Closed();
+  void mnuAddColumn_Click();
+  void mnuReplaceAll_Click();
+  void mnuExcludeContaining_Click();
+  void mnuExcludeStartingWith_Click();
+
   // --- events ---
+  void cmdEditTemplateCommands_Click();
+  void cmdHelp_Click();
+  void cmdQuit_Click();
+  // The window asked to close: true keeps it open.
+  bool Form_QueryUnload(CloseReason reason);
   void cmbHeaderChoices_Click();
   void cmbUnitChoices_Click();
   void cmbVariant_Click();
@@ -204,6 +280,14 @@ class frmHeaders : public Screen {
   mutable const Recordset* colourFieldsOf_ = nullptr;
   mutable int colourExcludedField_ = -1;
   mutable std::array<int, 31> colourCellField_{};
+
+  // The extend step of a row selection: the selected line numbers grow to
+  // take the line of the row on view under the mouse.
+  void ExtendRowSelection(int viewRow);
+  void SelectRowOnView(int viewRow);
+  bool InRowSelector(int x, int y) const;
+  const GridGeometry* geometry_ = nullptr;
+  bool inMouseMove_ = false;
 
   std::string ReadFormatInfo(const std::string& key, const std::string& def) const;
   void SetCheck(CheckBox& box, int value, void (frmHeaders::*click)());

@@ -7,6 +7,7 @@
 
 #include "screens/StateDigest.h"
 #include "shell/Failure.h"
+#include "shell/Help.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 #include "shell/Toolkit.h"
@@ -49,6 +50,9 @@ void frmTemplateName::Form_Load() {
     Run().CurrentScreen = "templateName";
     Caption = std::string(ApplicationTitle) + " - Save Template As...";
     Label1.Caption = "Template Name:";
+    cmdOk.Caption = "OK";
+    cmdCancel.Caption = "Cancel";
+    cmdHelp.Caption = "Help";
     Run().TemplateSaved = false;
     for (const std::string& name : ExistingTemplateNames()) cmbTemplateName.AddItem(name);
   });
@@ -102,6 +106,10 @@ void frmTemplateName::Form_QueryUnload(int unloadMode) {
   if (unloadMode == 1) return;
   Run().TemplateSaved = false;
   Hide();
+}
+
+void frmTemplateName::cmdHelp_Click() {
+  RunEvent([&] { ShowHelp(HelpContext, Run().HelpFile, HelpContextID); });
 }
 
 void frmTemplateName::DescribeControls(StateDigest& digest) const {

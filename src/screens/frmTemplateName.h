@@ -32,6 +32,8 @@ class frmTemplateName : public Screen {
   void SetText(const std::string& text);
   void cmdOk_Click();
   void cmdCancel_Click();
+  // Help on this dialog.
+  void cmdHelp_Click();
   // The close box and other unloads: unload mode 1 is the program's own.
   void Form_QueryUnload(int unloadMode);
 

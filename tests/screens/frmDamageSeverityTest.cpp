@@ -98,6 +98,21 @@ TEST_F(frmDamageSeverityTest, OkWritesTheCellOfTheButtonColumnInTheCurrentRow) {
   EXPECT_FALSE(App().DamageSeverityLoaded());
 }
 
+TEST_F(frmDamageSeverityTest, HelpOpensTheContentsAndKeepsTheDialogOpen) {
+  MakeTable({{1, {"1", "12 3"}}});
+  frmHeaders& headers = LoadHeaders();
+  headers.ButtonColumn = 2;
+  ui.AnswerDialog<frmDamageSeverity>([](frmDamageSeverity& d) {
+    EXPECT_EQ(d.cmdHelp.Caption, "Help");
+    d.cmdHelp_Click();
+    EXPECT_TRUE(d.Visible());
+    d.cmdCancel_Click();
+  });
+  headers.OpenDamageSeverityDialog("12 3");
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "contents");
+}
+
 TEST_F(frmDamageSeverityTest, CancelLeavesTheCell) {
   MakeTable({{1, {"1", "12 3"}}});
   frmHeaders& headers = LoadHeaders();

@@ -1,0 +1,49 @@
+// The grid's table model: the rows of the row set bound to frmHeaders, read
+// cell by cell by bookmark as they are painted (nothing is copied), coloured
+// by the screen's cell rule, with two-line headings. Typed cells go to the
+// screen's events; what changed comes back as ScreenChanges and becomes the
+// model's signals.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <array>
+
+#include "screens/ScreenView.h"
+
+namespace corvalin {
+
+class frmHeaders;
+class Recordset;
+
+class GridModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  // LineNum, c1..c30, Excluded.
+  static constexpr int kColumns = 32;
+
+  GridModel(frmHeaders& screen, QObject* parent);
+
+  int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+  // Brings the model up to what the screen says changed.
+  void Apply(const ScreenChanges& changes);
+  // Forgets the screen (it is being unloaded).
+  void Detach();
+
+ private:
+  const Recordset* Rows() const;
+  int FieldOf(int column) const;
+
+  frmHeaders* screen_;
+  int rows_ = 0;
+  mutable const Recordset* fieldsOf_ = nullptr;
+  mutable std::array<int, kColumns> fields_{};
+};
+
+}  // namespace corvalin
