@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QtTest/QtTest>
 #include <deque>
 #include <optional>
@@ -344,6 +345,43 @@ class SetupWindowsTest : public QObject {
     const QByteArray page = ReadAll(help);
     for (const char* topic : {"id=\"context-7\"", "id=\"context-6\"", "id=\"column-format\""})
       QVERIFY2(page.contains(topic), topic);
+  }
+
+  void byHandTheWizardGoesFromTheFirstScreenThroughTheColumnsToTheGridAndBack() {
+    QString home;
+    QWidget* setup = StartConfigured(home);
+    Write(home + QStringLiteral("/plots.csv"), "12,ab,3.5\r\n13,cd,4\r\n");
+    files_ = {(home + QStringLiteral("/plots.csv")).toStdString(), (home + QStringLiteral("/plots.tre")).toStdString()};
+    Child<QPushButton>(setup, "cmdChangeInput")->click();
+    Child<QPushButton>(setup, "cmdChangeOutput")->click();
+    QCOMPARE(Child<QComboBox>(setup, "cmbTemplate")->currentText(), QStringLiteral("None"));
+    // "Next >>" of the translation's group.
+    Child<QPushButton>(setup, "cmdNextTrans")->click();
+    Settle();
+    QWidget* columns = Window(QStringLiteral("frmColumns"));
+    QVERIFY(columns != nullptr);
+    QVERIFY(Window(QStringLiteral("frmTemplate")) == nullptr);
+    Child<QRadioButton>(columns, "optCharacterDelimited")->click();
+    auto* comma = Child<QCheckBox>(columns, "chkComma");
+    if (!comma->isChecked()) comma->click();
+    Child<QPushButton>(columns, "cmdNext")->click();
+    Settle();
+
+    QWidget* grid = Window(QStringLiteral("frmHeaders"));
+    QVERIFY(grid != nullptr);
+    QVERIFY(Window(QStringLiteral("frmColumns")) == nullptr);
+    QAbstractItemModel* model = Child<QTableView>(grid, "TDBGrid1")->model();
+    QCOMPARE(model->rowCount(), 2);
+    // LineNum, then the cells as the file has them.
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("1"));
+    QCOMPARE(model->index(0, 1).data().toString(), QStringLiteral("12"));
+    QCOMPARE(model->index(0, 2).data().toString(), QStringLiteral("ab"));
+    QCOMPARE(model->index(1, 3).data().toString(), QStringLiteral("4"));
+
+    Child<QPushButton>(grid, "cmdBack")->click();
+    Settle();
+    QVERIFY(Window(QStringLiteral("frmHeaders")) == nullptr);
+    QVERIFY(Window(QStringLiteral("frmColumns")) != nullptr);
   }
 
   void busyWindowCancelStopsTheLoadAndKeepsTheRowsSoFar() {
