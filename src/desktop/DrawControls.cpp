@@ -3,8 +3,10 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 
@@ -60,8 +62,11 @@ void DrawText(QLineEdit* widget, const TextBox& box) {
   DrawState(widget, box);
 }
 
-void DrawList(QComboBox* widget, const ListControl& list) {
-  const QSignalBlocker block(widget);
+namespace {
+
+// The list's items, put in again only when they changed: a list that is
+// rebuilt loses the person's place in it.
+void DrawItems(QComboBox* widget, const ListControl& list) {
   QStringList items;
   for (const std::string& item : list.Items) items << ToQt(item);
   QStringList shown;
@@ -70,8 +75,27 @@ void DrawList(QComboBox* widget, const ListControl& list) {
     widget->clear();
     widget->addItems(items);
   }
+}
+
+}  // namespace
+
+void DrawList(QComboBox* widget, const ListControl& list) {
+  const QSignalBlocker block(widget);
+  DrawItems(widget, list);
   widget->setCurrentIndex(list.ListIndex);
   DrawState(widget, list);
+}
+
+void DrawEditableList(QComboBox* widget, const ListControl& list) {
+  const QSignalBlocker block(widget);
+  DrawItems(widget, list);
+  if (widget->lineEdit()->text() != ToQt(list.Text)) widget->setEditText(ToQt(list.Text));
+}
+
+QLabel* NewLabel(QWidget* parent, const char* name) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QString::fromLatin1(name));
+  return label;
 }
 
 QLineEdit* NewPathField(QWidget* parent, const char* name) {
@@ -80,6 +104,30 @@ QLineEdit* NewPathField(QWidget* parent, const char* name) {
   field->setReadOnly(true);
   field->setMinimumWidth(360);
   return field;
+}
+
+QComboBox* NewEditableList(QWidget* parent, const char* name, int characters) {
+  auto* list = new QComboBox(parent);
+  list->setObjectName(QString::fromLatin1(name));
+  list->setEditable(true);
+  list->setInsertPolicy(QComboBox::NoInsert);
+  list->setMinimumContentsLength(characters);
+  return list;
+}
+
+DialogButtons NewDialogButtons(QWidget* parent) {
+  const auto button = [parent](const char* name) {
+    auto* created = new QPushButton(parent);
+    created->setObjectName(QString::fromLatin1(name));
+    return created;
+  };
+  DialogButtons buttons{button("cmdOk"), button("cmdCancel"), button("cmdHelp"), new QHBoxLayout};
+  buttons.ok->setDefault(true);
+  buttons.row->addStretch(1);
+  buttons.row->addWidget(buttons.ok);
+  buttons.row->addWidget(buttons.cancel);
+  buttons.row->addWidget(buttons.help);
+  return buttons;
 }
 
 }  // namespace corvalin

@@ -8,8 +8,10 @@
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 class QWidget;
 
@@ -24,8 +26,24 @@ void DrawCheck(QCheckBox* widget, const CheckBox& box);
 void DrawOption(QRadioButton* widget, const OptionButton& option);
 void DrawText(QLineEdit* widget, const TextBox& box);
 void DrawList(QComboBox* widget, const ListControl& list);
+// A list the person may also type into: its items and its text.
+void DrawEditableList(QComboBox* widget, const ListControl& list);
 
+// A label of the window, named as its control.
+QLabel* NewLabel(QWidget* parent, const char* name);
 // A read-only line for a path held in a label.
 QLineEdit* NewPathField(QWidget* parent, const char* name);
+// A list the person may type into without adding to its items, wide enough
+// for `characters` characters.
+QComboBox* NewEditableList(QWidget* parent, const char* name, int characters);
+// A dialog's OK (its default), Cancel and Help buttons, "cmdOk", "cmdCancel"
+// and "cmdHelp", set to the right of their row.
+struct DialogButtons {
+  QPushButton* ok;
+  QPushButton* cancel;
+  QPushButton* help;
+  QHBoxLayout* row;
+};
+DialogButtons NewDialogButtons(QWidget* parent);
 
 }  // namespace corvalin

@@ -1,10 +1,12 @@
 #include "desktop/ScreenWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QMoveEvent>
+#include <QPushButton>
 #include <QScreen>
 
 #include "screens/Screen.h"
@@ -34,6 +36,19 @@ ScreenWindow::~ScreenWindow() {
 void ScreenWindow::Fire(const std::function<void()>& event) {
   EventScope scope;
   event();
+}
+
+void ScreenWindow::ClickFires(QAbstractButton* button, std::function<void()> event) {
+  connect(button, &QAbstractButton::clicked, this, [this, event = std::move(event)] {
+    if (DrawnScreen() != nullptr) Fire(event);
+  });
+}
+
+QPushButton* ScreenWindow::NewButton(const char* name, std::function<void()> event) {
+  auto* button = new QPushButton(this);
+  button->setObjectName(QString::fromLatin1(name));
+  ClickFires(button, std::move(event));
+  return button;
 }
 
 void ScreenWindow::Place() {

@@ -12,7 +12,9 @@
 
 #include "screens/ScreenView.h"
 
+class QAbstractButton;
 class QEventLoop;
+class QPushButton;
 
 namespace corvalin {
 
@@ -34,6 +36,11 @@ class ScreenWindow : public QWidget, public ScreenView {
 
   // Runs an event of the controller as one event of the person.
   static void Fire(const std::function<void()>& event);
+  // A click of the button fires the event while the window draws a screen.
+  void ClickFires(QAbstractButton* button, std::function<void()> event);
+  // A push button of the window, named as its control, whose click fires the
+  // event.
+  QPushButton* NewButton(const char* name, std::function<void()> event);
 
   // The screen drawn, or null once it is unloaded.
   Screen* DrawnScreen() const { return screen_; }

@@ -162,10 +162,7 @@ frmColumnsWindow::~frmColumnsWindow() { preview_->Detach(); }
 frmColumns& frmColumnsWindow::Columns() const { return static_cast<frmColumns&>(*DrawnScreen()); }
 
 QPushButton* frmColumnsWindow::NewButton(const char* name, void (frmColumns::*event)()) {
-  auto* button = new QPushButton(this);
-  button->setObjectName(QString::fromLatin1(name));
-  connect(button, &QPushButton::clicked, this, [this, event] { Fire([this, event] { (Columns().*event)(); }); });
-  return button;
+  return ScreenWindow::NewButton(name, [this, event] { (Columns().*event)(); });
 }
 
 QCheckBox* frmColumnsWindow::NewCheck(const char* name, CheckBox frmColumns::*box, void (frmColumns::*event)()) {

@@ -26,26 +26,26 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
   chkTranslateFile_->setObjectName(QStringLiteral("chkTranslateFile"));
   fraTranslate_ = new QGroupBox(this);
   fraTranslate_->setObjectName(QStringLiteral("fraTranslate"));
-  Label2_ = NewLabel("Label2");
+  Label2_ = NewLabel(this, "Label2");
   lblInputFile_ = NewPathField(this, "lblInputFile");
   cmdSelectInputFile_ = NewButton("cmdSelectInputFile", &frmConfigure::cmdSelectInputFile_Click);
-  Label3_ = NewLabel("Label3");
+  Label3_ = NewLabel(this, "Label3");
   lblOutputFile_ = NewPathField(this, "lblOutputFile");
   cmdSelectOutputFile_ = NewButton("cmdSelectOutputFile", &frmConfigure::cmdSelectOutputFile_Click);
-  Label11_ = NewLabel("Label11");
-  Label4_ = NewLabel("Label4");
+  Label11_ = NewLabel(this, "Label11");
+  Label4_ = NewLabel(this, "Label4");
   txtInputFileExtensions_ = new QLineEdit(this);
   txtInputFileExtensions_->setObjectName(QStringLiteral("txtInputFileExtensions"));
-  Label7_ = NewLabel("Label7");
+  Label7_ = NewLabel(this, "Label7");
   txtOutputFileExtensions_ = new QLineEdit(this);
   txtOutputFileExtensions_->setObjectName(QStringLiteral("txtOutputFileExtensions"));
-  Label8_ = NewLabel("Label8");
+  Label8_ = NewLabel(this, "Label8");
   cmbTemplate_ = new QComboBox(this);
   cmbTemplate_->setObjectName(QStringLiteral("cmbTemplate"));
-  Label9_ = NewLabel("Label9");
+  Label9_ = NewLabel(this, "Label9");
   cmbVariant_ = new QComboBox(this);
   cmbVariant_->setObjectName(QStringLiteral("cmbVariant"));
-  Label10_ = NewLabel("Label10");
+  Label10_ = NewLabel(this, "Label10");
   optMetric_ = new QRadioButton(this);
   optMetric_->setObjectName(QStringLiteral("optMetric"));
   optImperial_ = new QRadioButton(this);
@@ -53,20 +53,20 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
   auto* units = new QButtonGroup(this);
   units->addButton(optMetric_);
   units->addButton(optImperial_);
-  Label12_ = NewLabel("Label12");
+  Label12_ = NewLabel(this, "Label12");
 
   chkEditStandListFile_ = new QCheckBox(this);
   chkEditStandListFile_->setObjectName(QStringLiteral("chkEditStandListFile"));
   fraEditMarlowyn_ = new QGroupBox(this);
   fraEditMarlowyn_->setObjectName(QStringLiteral("fraEditMarlowyn"));
-  Label1_ = NewLabel("Label1");
+  Label1_ = NewLabel(this, "Label1");
   lblWorkingDirectory_ = NewPathField(this, "lblWorkingDirectory");
   cmdSelectWorkingDir_ = NewButton("cmdSelectWorkingDir", &frmConfigure::cmdSelectWorkingDir_Click);
-  Label5_ = NewLabel("Label5");
+  Label5_ = NewLabel(this, "Label5");
   lblStandListFile_ = NewPathField(this, "lblStandListFile");
   cmdSelectStandListFile_ = NewButton("cmdSelectStandListFile", &frmConfigure::cmdSelectStandListFile_Click);
   cmdClearStandListFile_ = NewButton("cmdClearStandListFile", &frmConfigure::cmdClearStandListFile_Click);
-  Label6_ = NewLabel("Label6");
+  Label6_ = NewLabel(this, "Label6");
   lblLocationFile_ = NewPathField(this, "lblLocationFile");
   cmdSelectLocationFile_ = NewButton("cmdSelectLocationFile", &frmConfigure::cmdSelectLocationFile_Click);
   cmdClearLocationFile_ = NewButton("cmdClearLocationFile", &frmConfigure::cmdClearLocationFile_Click);
@@ -172,16 +172,7 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
 frmConfigure& frmConfigureWindow::Defaults() const { return static_cast<frmConfigure&>(*DrawnScreen()); }
 
 QPushButton* frmConfigureWindow::NewButton(const char* name, void (frmConfigure::*event)()) {
-  auto* button = new QPushButton(this);
-  button->setObjectName(QString::fromLatin1(name));
-  connect(button, &QPushButton::clicked, this, [this, event] { Fire([this, event] { (Defaults().*event)(); }); });
-  return button;
-}
-
-QLabel* frmConfigureWindow::NewLabel(const char* name) {
-  auto* label = new QLabel(this);
-  label->setObjectName(QString::fromLatin1(name));
-  return label;
+  return ScreenWindow::NewButton(name, [this, event] { (Defaults().*event)(); });
 }
 
 void frmConfigureWindow::Redraw(const ScreenChanges& changes) {

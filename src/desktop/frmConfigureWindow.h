@@ -30,7 +30,6 @@ class frmConfigureWindow : public ScreenWindow {
  private:
   frmConfigure& Defaults() const;
   QPushButton* NewButton(const char* name, void (frmConfigure::*event)());
-  QLabel* NewLabel(const char* name);
 
   QCheckBox* chkTranslateFile_;
   QGroupBox* fraTranslate_;

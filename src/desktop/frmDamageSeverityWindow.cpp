@@ -9,66 +9,33 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/DrawControls.h"
 #include "desktop/Latin1Text.h"
 #include "desktop/QtToolkit.h"
 #include "screens/frmDamageSeverity.h"
 
 namespace corvalin {
 
-namespace {
-
-// Draws a list's items and text without raising the person's signals.
-void DrawEditableList(QComboBox* box, const ListControl& list) {
-  const QSignalBlocker block(box);
-  QStringList items;
-  for (const std::string& item : list.Items) items << ToQt(item);
-  bool same = box->count() == items.size();
-  for (int i = 0; same && i < items.size(); ++i) same = box->itemText(i) == items[i];
-  if (!same) {
-    box->clear();
-    box->addItems(items);
-  }
-  if (box->lineEdit()->text() != ToQt(list.Text)) box->setEditText(ToQt(list.Text));
-}
-
-}  // namespace
-
 frmDamageSeverityWindow::frmDamageSeverityWindow(frmDamageSeverity& screen) : ScreenWindow(screen) {
   setObjectName(QStringLiteral("frmDamageSeverity"));
   damageLabel_ = new QLabel(this);
   severityLabel_ = new QLabel(this);
-  damage_ = new QComboBox(this);
-  damage_->setObjectName(QStringLiteral("cmbDamage"));
-  damage_->setEditable(true);
-  damage_->setInsertPolicy(QComboBox::NoInsert);
-  damage_->setMinimumContentsLength(34);
+  damage_ = NewEditableList(this, "cmbDamage", 34);
   damage_->setMaxVisibleItems(18);
-  severity_ = new QComboBox(this);
-  severity_->setObjectName(QStringLiteral("cmbSeverity"));
-  severity_->setEditable(true);
-  severity_->setInsertPolicy(QComboBox::NoInsert);
-  severity_->setMinimumContentsLength(34);
-  ok_ = new QPushButton(this);
-  ok_->setObjectName(QStringLiteral("cmdOk"));
-  ok_->setDefault(true);
-  cancel_ = new QPushButton(this);
-  cancel_->setObjectName(QStringLiteral("cmdCancel"));
-  help_ = new QPushButton(this);
-  help_->setObjectName(QStringLiteral("cmdHelp"));
+  severity_ = NewEditableList(this, "cmbSeverity", 34);
+  const DialogButtons buttons = NewDialogButtons(this);
+  ok_ = buttons.ok;
+  cancel_ = buttons.cancel;
+  help_ = buttons.help;
 
   auto* fields = new QGridLayout;
   fields->addWidget(damageLabel_, 0, 0);
   fields->addWidget(damage_, 0, 1);
   fields->addWidget(severityLabel_, 1, 0);
   fields->addWidget(severity_, 1, 1);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(ok_);
-  buttons->addWidget(cancel_);
-  buttons->addWidget(help_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);
-  layout->addLayout(buttons);
+  layout->addLayout(buttons.row);
   setMinimumWidth(460);
 
   severity_->installEventFilter(this);
@@ -104,21 +71,9 @@ frmDamageSeverityWindow::frmDamageSeverityWindow(frmDamageSeverity& screen) : Sc
     frmDamageSeverity& dialog = Dialog();
     Fire([&] { dialog.SetSeverityText(*bytes); });
   });
-  connect(ok_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmDamageSeverity& dialog = Dialog();
-    Fire([&] { dialog.cmdOk_Click(); });
-  });
-  connect(cancel_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmDamageSeverity& dialog = Dialog();
-    Fire([&] { dialog.cmdCancel_Click(); });
-  });
-  connect(help_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmDamageSeverity& dialog = Dialog();
-    Fire([&] { dialog.cmdHelp_Click(); });
-  });
+  ClickFires(ok_, [this] { Dialog().cmdOk_Click(); });
+  ClickFires(cancel_, [this] { Dialog().cmdCancel_Click(); });
+  ClickFires(help_, [this] { Dialog().cmdHelp_Click(); });
 }
 
 frmDamageSeverity& frmDamageSeverityWindow::Dialog() const { return static_cast<frmDamageSeverity&>(*DrawnScreen()); }

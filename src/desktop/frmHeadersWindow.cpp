@@ -25,6 +25,7 @@
 #include <QVBoxLayout>
 
 #include "columns/Vocabulary.h"
+#include "desktop/DrawControls.h"
 #include "desktop/GridModel.h"
 #include "desktop/QtToolkit.h"
 #include "screens/frmHeaders.h"
@@ -38,21 +39,6 @@ constexpr int kListWidth = 240;
 constexpr int kListHeight = 180;
 
 QString DrawnText(const std::string& text) { return ToQt(text); }
-
-void DrawList(QComboBox* box, const ListControl& list) {
-  const QSignalBlocker block(box);
-  QStringList items;
-  for (const std::string& item : list.Items) items << ToQt(item);
-  bool same = box->count() == items.size();
-  for (int i = 0; same && i < items.size(); ++i) same = box->itemText(i) == items[i];
-  if (!same) {
-    box->clear();
-    box->addItems(items);
-  }
-  box->setCurrentIndex(list.ListIndex);
-  box->setEnabled(list.Enabled);
-  box->setVisible(list.Visible);
-}
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/DrawControls.h"
 #include "desktop/Latin1Text.h"
 #include "desktop/QtToolkit.h"
 #include "screens/frmTemplateName.h"
@@ -17,30 +18,18 @@ namespace corvalin {
 frmTemplateNameWindow::frmTemplateNameWindow(frmTemplateName& screen) : ScreenWindow(screen) {
   setObjectName(QStringLiteral("frmTemplateName"));
   label_ = new QLabel(this);
-  name_ = new QComboBox(this);
-  name_->setObjectName(QStringLiteral("cmbTemplateName"));
-  name_->setEditable(true);
-  name_->setInsertPolicy(QComboBox::NoInsert);
-  name_->setMinimumContentsLength(20);
-  ok_ = new QPushButton(this);
-  ok_->setObjectName(QStringLiteral("cmdOk"));
-  ok_->setDefault(true);
-  cancel_ = new QPushButton(this);
-  cancel_->setObjectName(QStringLiteral("cmdCancel"));
-  help_ = new QPushButton(this);
-  help_->setObjectName(QStringLiteral("cmdHelp"));
+  name_ = NewEditableList(this, "cmbTemplateName", 20);
+  const DialogButtons buttons = NewDialogButtons(this);
+  ok_ = buttons.ok;
+  cancel_ = buttons.cancel;
+  help_ = buttons.help;
 
   auto* field = new QHBoxLayout;
   field->addWidget(label_);
   field->addWidget(name_, 1);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(ok_);
-  buttons->addWidget(cancel_);
-  buttons->addWidget(help_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(field);
-  layout->addLayout(buttons);
+  layout->addLayout(buttons.row);
   setMinimumWidth(380);
 
   connect(name_, &QComboBox::currentTextChanged, this, [this](const QString& text) {
@@ -51,21 +40,9 @@ frmTemplateNameWindow::frmTemplateNameWindow(frmTemplateName& screen) : ScreenWi
     frmTemplateName& dialog = Dialog();
     Fire([&] { dialog.SetText(*bytes); });
   });
-  connect(ok_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmTemplateName& dialog = Dialog();
-    Fire([&] { dialog.cmdOk_Click(); });
-  });
-  connect(cancel_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmTemplateName& dialog = Dialog();
-    Fire([&] { dialog.cmdCancel_Click(); });
-  });
-  connect(help_, &QPushButton::clicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmTemplateName& dialog = Dialog();
-    Fire([&] { dialog.cmdHelp_Click(); });
-  });
+  ClickFires(ok_, [this] { Dialog().cmdOk_Click(); });
+  ClickFires(cancel_, [this] { Dialog().cmdCancel_Click(); });
+  ClickFires(help_, [this] { Dialog().cmdHelp_Click(); });
 }
 
 frmTemplateName& frmTemplateNameWindow::Dialog() const { return static_cast<frmTemplateName&>(*DrawnScreen()); }

@@ -23,19 +23,19 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen) : ScreenWindow(screen)
   chkTranslateFile_ = NewCheck("chkTranslateFile", &frmTemplate::chkTranslateFile, &frmTemplate::chkTranslateFile_Click);
   fraTranslateFile_ = new QGroupBox(this);
   fraTranslateFile_->setObjectName(QStringLiteral("fraTranslateFile"));
-  lblInputFile1_ = NewLabel("lblInputFile1");
+  lblInputFile1_ = NewLabel(this, "lblInputFile1");
   lblInputFile_ = NewPathField(this, "lblInputFile");
   cmdChangeInput_ = NewButton("cmdChangeInput", &frmTemplate::cmdChangeInput_Click);
   chkNoInput_ = NewCheck("chkNoInput", &frmTemplate::chkNoInput, &frmTemplate::chkNoInput_Click);
-  lblOutputFile1_ = NewLabel("lblOutputFile1");
+  lblOutputFile1_ = NewLabel(this, "lblOutputFile1");
   lblOutputFile_ = NewPathField(this, "lblOutputFile");
   cmdChangeOutput_ = NewButton("cmdChangeOutput", &frmTemplate::cmdChangeOutput_Click);
-  lblTemplateFile1_ = NewLabel("lblTemplateFile1");
+  lblTemplateFile1_ = NewLabel(this, "lblTemplateFile1");
   cmbTemplate_ = new QComboBox(this);
   cmbTemplate_->setObjectName(QStringLiteral("cmbTemplate"));
   cmbTemplate_->setMinimumWidth(180);
   cmdDeleteTemplate_ = NewButton("cmdDeleteTemplate", &frmTemplate::cmdDeleteTemplate_Click);
-  Label2_ = NewLabel("Label2");
+  Label2_ = NewLabel(this, "Label2");
   cmdFinish_ = NewButton("cmdFinish", &frmTemplate::cmdFinish_Click);
   cmdNextTrans_ = NewButton("cmdNextTrans", &frmTemplate::cmdNextTrans_Click);
 
@@ -43,15 +43,15 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen) : ScreenWindow(screen)
       NewCheck("chkEditStandListFile", &frmTemplate::chkEditStandListFile, &frmTemplate::chkEditStandListFile_Click);
   fraEditStandListFile_ = new QGroupBox(this);
   fraEditStandListFile_->setObjectName(QStringLiteral("fraEditStandListFile"));
-  Label1_ = NewLabel("Label1");
+  Label1_ = NewLabel(this, "Label1");
   lblWorkingDirectory_ = NewPathField(this, "lblWorkingDirectory");
-  lblStandListFile1_ = NewLabel("lblStandListFile1");
+  lblStandListFile1_ = NewLabel(this, "lblStandListFile1");
   lblSlfFile_ = NewPathField(this, "lblSlfFile");
   cmdSelectSlf_ = NewButton("cmdSelectSlf", &frmTemplate::cmdSelectSlf_Click);
-  lblLocationFile1_ = NewLabel("lblLocationFile1");
+  lblLocationFile1_ = NewLabel(this, "lblLocationFile1");
   lblLocationsFile_ = NewPathField(this, "lblLocationsFile");
   cmdSelectLocations_ = NewButton("cmdSelectLocations", &frmTemplate::cmdSelectLocations_Click);
-  Label3_ = NewLabel("Label3");
+  Label3_ = NewLabel(this, "Label3");
   cmdNext_ = NewButton("cmdNext", &frmTemplate::cmdNext_Click);
 
   cmdConfigure_ = NewButton("cmdConfigure", &frmTemplate::cmdConfigure_Click);
@@ -123,10 +123,7 @@ frmTemplateWindow::frmTemplateWindow(frmTemplate& screen) : ScreenWindow(screen)
 frmTemplate& frmTemplateWindow::Setup() const { return static_cast<frmTemplate&>(*DrawnScreen()); }
 
 QPushButton* frmTemplateWindow::NewButton(const char* name, void (frmTemplate::*event)()) {
-  auto* button = new QPushButton(this);
-  button->setObjectName(QString::fromLatin1(name));
-  connect(button, &QPushButton::clicked, this, [this, event] { Fire([this, event] { (Setup().*event)(); }); });
-  return button;
+  return ScreenWindow::NewButton(name, [this, event] { (Setup().*event)(); });
 }
 
 QCheckBox* frmTemplateWindow::NewCheck(const char* name, CheckBox frmTemplate::*box, void (frmTemplate::*event)()) {
@@ -139,12 +136,6 @@ QCheckBox* frmTemplateWindow::NewCheck(const char* name, CheckBox frmTemplate::*
     });
   });
   return check;
-}
-
-QLabel* frmTemplateWindow::NewLabel(const char* name) {
-  auto* label = new QLabel(this);
-  label->setObjectName(QString::fromLatin1(name));
-  return label;
 }
 
 void frmTemplateWindow::Redraw(const ScreenChanges& changes) {

@@ -35,7 +35,6 @@ class frmTemplateWindow : public ScreenWindow {
   frmTemplate& Setup() const;
   QPushButton* NewButton(const char* name, void (frmTemplate::*event)());
   QCheckBox* NewCheck(const char* name, CheckBox frmTemplate::*box, void (frmTemplate::*event)());
-  QLabel* NewLabel(const char* name);
 
   QCheckBox* chkTranslateFile_;
   QGroupBox* fraTranslateFile_;

@@ -14,24 +14,13 @@
 #include <functional>
 #include <string>
 
+#include "ConfiguredHome.h"
 #include "desktop/ViewFactory.h"
 #include "screens/ProcessState.h"
 #include "shell/Process.h"
 #include "shell/Settings.h"
 
 namespace corvalin::desktoptest {
-
-inline QString NewHome() {
-  static int count = 0;
-  const QString home = QDir::tempPath() +
-                       QStringLiteral("/corvalin-desktop-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
-  QDir(home).removeRecursively();
-  QDir().mkpath(home);
-  qputenv("HOME", home.toUtf8());
-  qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/.config")).toUtf8());
-  qunsetenv("XDG_DOCUMENTS_DIR");
-  return home;
-}
 
 // A fresh process and an empty HOME; the program's folder is the build's,
 // so the installation files beside it are found.
@@ -43,20 +32,9 @@ inline QString FreshEmptyHome() {
   return NewHome();
 }
 
-// The Work folder of a configured HOME.
-inline QString WorkOf(const QString& home) { return home + QStringLiteral("/Documents/Orvanta/Work/"); }
-
 inline QString FreshConfiguredHome() {
   const QString home = FreshEmptyHome();
-  const QString orvanta = home + QStringLiteral("/Documents/Orvanta");
-  QDir().mkpath(orvanta + QStringLiteral("/Data"));
-  QDir().mkpath(orvanta + QStringLiteral("/Work"));
-  SaveSetting(SettingsApplication, "Common", "DataDir", (orvanta + QStringLiteral("/Data/")).toStdString());
-  SaveSetting(SettingsApplication, "Common", "WorkDir", (orvanta + QStringLiteral("/Work/")).toStdString());
-  SaveSetting(SettingsApplication, "Corvalin", "Configured", "YES");
-  const QDir samples(QStringLiteral(CORVALIN_BINARY_DIR "/share/corvalin/Work"));
-  for (const QString& file : samples.entryList(QDir::Files))
-    QFile::copy(samples.filePath(file), WorkOf(home) + file);
+  ConfigureHome(home);
   return home;
 }
 

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "ConfiguredHome.h"
 #include "desktop/ViewFactory.h"
 #include "screens/Application.h"
 #include "screens/ProcessState.h"
@@ -33,17 +34,6 @@ std::vector<Scene>& Scenes() {
 [[noreturn]] void Fail(const QString& why) {
   std::fprintf(stderr, "screenshots: %s\n", qPrintable(why));
   std::exit(1);
-}
-
-QString NewHome() {
-  static int count = 0;
-  const QString home = QDir::tempPath() + QStringLiteral("/corvalin-tour-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
-  QDir(home).removeRecursively();
-  QDir().mkpath(home);
-  qputenv("HOME", home.toUtf8());
-  qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/.config")).toUtf8());
-  qunsetenv("XDG_DOCUMENTS_DIR");
-  return home;
 }
 
 }  // namespace
@@ -108,22 +98,13 @@ void FreshProcess() {
 
 QString PrepareEmptyHome() {
   FreshProcess();
-  return NewHome();
+  return desktoptest::NewHome("tour");
 }
 
 QString PrepareConfiguredHome() {
   FreshProcess();
-  const QString home = NewHome();
-  const QString orvanta = home + QStringLiteral("/Documents/Orvanta");
-  QDir().mkpath(orvanta + QStringLiteral("/Data"));
-  QDir().mkpath(orvanta + QStringLiteral("/Work"));
-  SaveSetting(SettingsApplication, "Common", "DataDir", (orvanta + QStringLiteral("/Data/")).toStdString());
-  SaveSetting(SettingsApplication, "Common", "WorkDir", (orvanta + QStringLiteral("/Work/")).toStdString());
-  SaveSetting(SettingsApplication, "Corvalin", "Configured", "YES");
-  // The sample templates the installation brings.
-  const QDir samples(QStringLiteral(CORVALIN_BINARY_DIR "/share/corvalin/Work"));
-  for (const QString& file : samples.entryList(QDir::Files))
-    QFile::copy(samples.filePath(file), orvanta + QStringLiteral("/Work/") + file);
+  const QString home = desktoptest::NewHome("tour");
+  desktoptest::ConfigureHome(home);
   return home;
 }
 
