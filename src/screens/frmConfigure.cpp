@@ -3,6 +3,7 @@
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
 #include "screens/StateDigest.h"
+#include "screens/StoredVariant.h"
 #include "screens/frmMain.h"
 #include "screens/frmTemplate.h"
 #include "shell/AppUtil.h"
@@ -20,7 +21,6 @@ namespace corvalin {
 namespace {
 
 constexpr const char* kSection = "Corvalin";
-constexpr int kInvalidPropertyValue = 380;
 
 std::string Title(const char* what) { return std::string(ApplicationTitle) + " - " + what; }
 
@@ -134,17 +134,7 @@ void frmConfigure::Form_Load() {
 // is empty: a stored "AK" is never found.
 void frmConfigure::SelectDefaultVariant() {
   const std::string variant = GetSetting(SettingsApplication, kSection, "OrvanVariant", "BC");
-  for (int i = 1; i <= cmbVariant.ListCount(); ++i) {
-    const bool pastLast = i >= cmbVariant.ListCount();
-    const std::string entry = pastLast ? "" : cmbVariant.Items[static_cast<std::size_t>(i)];
-    if (entry == variant) {
-      if (pastLast) Raise(kInvalidPropertyValue, "Corvalin", "Invalid property value");
-      cmbVariant.Select(i);
-      return;
-    }
-  }
-  cmbVariant.Select(-1);
-  ShowMessage("Unknown Orvan Variant specified: " + variant);
+  cmbVariant.Select(FindStoredVariant(cmbVariant, variant));
 }
 
 void frmConfigure::UpdateConfigureEnabling() {

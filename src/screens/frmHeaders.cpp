@@ -9,6 +9,7 @@
 #include "columns/Vocabulary.h"
 #include "input/ColumnFormat.h"
 #include "screens/Application.h"
+#include "screens/StoredVariant.h"
 #include "screens/frmColumns.h"
 #include "screens/frmDamageSeverity.h"
 #include "screens/frmSlf.h"
@@ -33,7 +34,6 @@ namespace {
 
 constexpr const char* kSettingsSection = "Corvalin";
 constexpr int kHelpContextHeaders = 24;
-constexpr int kInvalidPropertyValue = 380;
 
 std::string Field(int column) { return "c" + std::to_string(column); }
 
@@ -223,22 +223,7 @@ void frmHeaders::SetMeasurementSystem(bool metric) {
 
 void frmHeaders::LoadOptions() {
   Run().OrvanVariant = ReadFormatInfo("OrvanVariant", DefaultVariant);
-  // The search starts at entry 1 and runs one past the last entry, whose
-  // text is empty: a stored "AK" is never found.
-  bool found = false;
-  for (int i = 1; i <= cmbVariant.ListCount(); ++i) {
-    const std::string entry = i < cmbVariant.ListCount() ? cmbVariant.Items[static_cast<std::size_t>(i)] : "";
-    if (entry == Run().OrvanVariant) {
-      if (i >= cmbVariant.ListCount()) Raise(kInvalidPropertyValue, "Corvalin", "Invalid property value");
-      SelectVariant(i);
-      found = true;
-      break;
-    }
-  }
-  if (!found) {
-    ShowMessage("Unknown Orvan Variant specified: " + Run().OrvanVariant);
-    SelectVariant(-1);
-  }
+  SelectVariant(FindStoredVariant(cmbVariant, Run().OrvanVariant));
   SetMeasurementSystem(ReadFormatInfo("MeasurementSystem", "METRIC") != "IMPERIAL");
   SetCheck(chkShowAllColumns, IsYesValue(ReadFormatInfo("ShowUnassignedColumns", "YES")),
            &frmHeaders::chkShowAllColumns_Click);

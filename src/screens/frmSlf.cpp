@@ -3,6 +3,7 @@
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
 #include "screens/StateDigest.h"
+#include "screens/StoredVariant.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmLocation.h"
 #include "screens/frmSlfRecord.h"
@@ -24,7 +25,6 @@ namespace {
 
 constexpr const char* kSettingsSection = "Corvalin";
 constexpr const char* kDefaultVariant = "BC";
-constexpr int kInvalidPropertyValue = 380;
 constexpr int kRecordTabs = 4;
 // Token 3 of a record A: its tree data set.
 constexpr int16_t kTreeDataSetToken = 3;
@@ -90,18 +90,8 @@ void frmSlf::ChooseVariant() {
   }
   RunState& run = Run();
   run.OrvanVariant = GetSetting(SettingsApplication, kSettingsSection, "OrvanVariant", kDefaultVariant);
-  // The search starts at row 1 and runs one past the last row, whose text is
-  // empty: a stored "AK" is never found.
-  for (int i = 1; i <= cmbVariant.ListCount(); ++i) {
-    const bool pastLast = i >= cmbVariant.ListCount();
-    const std::string row = pastLast ? "" : cmbVariant.Items[static_cast<std::size_t>(i)];
-    if (row == run.OrvanVariant) {
-      if (pastLast) Raise(kInvalidPropertyValue, "Corvalin", "Invalid property value");
-      SelectVariant(i);
-      return;
-    }
-  }
-  ShowMessage("Unknown Orvan Variant specified: " + run.OrvanVariant);
+  const int row = FindStoredVariant(cmbVariant, run.OrvanVariant);
+  if (row >= 0) SelectVariant(row);
 }
 
 // ---------------------------------------------------------------- the list
