@@ -4,13 +4,11 @@
 #include <atomic>
 #include <thread>
 
+#include "shell/RowBlocks.h"
+
 namespace corvalin {
 
 namespace {
-
-constexpr long kBlockRows = 1024;
-// Below this a second thread would cost more than it saves.
-constexpr long kTogetherFrom = 4 * kBlockRows;
 
 bool Stops(const std::function<bool(long)>& stops, long row) {
   try {
@@ -24,7 +22,7 @@ bool Stops(const std::function<bool(long)>& stops, long row) {
 }  // namespace
 
 long FirstRowThat(long count, const std::function<bool(long row)>& stops) {
-  if (count < kTogetherFrom) {
+  if (count < kRowsForTwoThreads) {
     for (long row = 0; row < count; ++row)
       if (Stops(stops, row)) return row;
     return count;
@@ -35,9 +33,9 @@ long FirstRowThat(long count, const std::function<bool(long row)>& stops) {
   std::atomic<long> first{count};
   const auto look = [&] {
     for (;;) {
-      const long start = next.fetch_add(1) * kBlockRows;
+      const long start = next.fetch_add(1) * kRowsPerBlock;
       if (start >= count || start >= first.load()) return;
-      const long end = std::min(count, start + kBlockRows);
+      const long end = std::min(count, start + kRowsPerBlock);
       for (long row = start; row < end; ++row) {
         if (!Stops(stops, row)) continue;
         long seen = first.load();

@@ -8,16 +8,11 @@
 #include <thread>
 #include <vector>
 
+#include "shell/RowBlocks.h"
+
 namespace corvalin {
 
 namespace {
-
-// Rows per block a thread makes at a time: large enough that handing blocks
-// over costs nothing beside making them, small enough that the writing
-// starts at once and both threads stay busy to the end.
-constexpr long kBlockRows = 1024;
-// Below this a second thread would cost more than it saves.
-constexpr long kTogetherFrom = 4 * kBlockRows;
 
 struct Block {
   std::string text;
@@ -64,7 +59,7 @@ void OneAfterAnother(long count, const MakeRecord& make, const WriteRecord& writ
 class Together {
  public:
   Together(long count, const MakeRecord& make)
-      : count_(count), make_(make), blocks_((count + kBlockRows - 1) / kBlockRows), ready_(blocks_.size(), false) {}
+      : count_(count), make_(make), blocks_((count + kRowsPerBlock - 1) / kRowsPerBlock), ready_(blocks_.size(), false) {}
 
   ~Together() {
     stop_ = true;
@@ -102,7 +97,7 @@ class Together {
     const long b = next_.fetch_add(1);
     if (b >= static_cast<long>(blocks_.size())) return false;
     Block& block = blocks_[static_cast<std::size_t>(b)];
-    MakeBlock(b * kBlockRows, std::min(count_, (b + 1) * kBlockRows), make_, block);
+    MakeBlock(b * kRowsPerBlock, std::min(count_, (b + 1) * kRowsPerBlock), make_, block);
     if (block.failure) stop_ = true;
     {
       std::lock_guard<std::mutex> lock(mutex_);
@@ -126,7 +121,7 @@ class Together {
 }  // namespace
 
 void WriteRecordsInOrder(long count, bool together, const MakeRecord& make, const WriteRecord& write) {
-  if (!together || count < kTogetherFrom) {
+  if (!together || count < kRowsForTwoThreads) {
     OneAfterAnother(count, make, write);
     return;
   }

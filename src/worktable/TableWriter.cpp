@@ -162,9 +162,9 @@ void TableWriter::Insert(const Block& block) {
       for (int n = count; n < width; ++n) insert.BindTextNoCopy(parameter++, std::string_view(""));
     }
     insert.Run();
-    // SQLite numbers the rows of the fresh table as the image does, without
-    // looking up a row id that is given; a table that was not fresh would
-    // leave the image pointing at the wrong rows.
+    // SQLite numbers the rows of the fresh table in order, as the image
+    // does; a table that was not fresh would leave the image pointing at the
+    // wrong rows.
     const long long last = block.rowids[static_cast<std::size_t>(done + rows - 1)];
     if (insert.LastRowId() != last)
       throw RuntimeError(err::DatabaseError, "CreateColumnsTable",
