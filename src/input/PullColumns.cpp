@@ -76,6 +76,20 @@ LineSplitter::LineSplitter(const ColumnFormat& format) : format_(format) {
 }
 
 void LineSplitter::Split(std::string_view line, ParsedLine& out) const {
+  LineCells cells;
+  Cut(line, cells);
+  const auto count = static_cast<std::size_t>(cells.Count);
+  for (std::size_t slot = 0; slot < out.Columns.size(); ++slot) {
+    if (slot < count)
+      out.Columns[slot].assign(cells.Cells[slot]);
+    else
+      out.Columns[slot].clear();
+  }
+  out.Count = cells.Count;
+}
+
+void LineSplitter::Cut(std::string_view line, LineCells& out) const {
+  out.Rebuilt.clear();
   if (format_.FixedWidth) {
     FixedSplit(line, out);
   } else {
@@ -89,14 +103,13 @@ void LineSplitter::Split(std::string_view line, ParsedLine& out) const {
     else
       PlainSplit(line, out);
   }
-  for (std::size_t slot = static_cast<std::size_t>(out.Count); slot < out.Columns.size(); ++slot)
-    out.Columns[slot].clear();
+  for (auto slot = static_cast<std::size_t>(out.Count); slot < out.Cells.size(); ++slot) out.Cells[slot] = {};
 }
 
 // Every separator makes a cell, the last cell is always made (even when
 // empty), and a run of delimiters counts as one only after the first of them:
 // a delimiter in first position always makes an empty first cell.
-void LineSplitter::PlainSplit(std::string_view line, ParsedLine& out) const {
+void LineSplitter::PlainSplit(std::string_view line, LineCells& out) const {
   const std::size_t length = line.size();
   std::size_t cellStart = 0;
   bool inRun = false;
@@ -107,101 +120,154 @@ void LineSplitter::PlainSplit(std::string_view line, ParsedLine& out) const {
         cellStart = i + 1;
       } else {
         inRun = true;
-        out.Columns[static_cast<std::size_t>(count++)].assign(line.substr(cellStart, i - cellStart));
+        out.Cells[static_cast<std::size_t>(count++)] = line.substr(cellStart, i - cellStart);
         cellStart = i + 1;
       }
     } else {
       inRun = false;
     }
   }
-  out.Columns[static_cast<std::size_t>(count++)].assign(line.substr(cellStart));
+  out.Cells[static_cast<std::size_t>(count++)] = line.substr(cellStart);
   out.Count = static_cast<int16_t>(count);
 }
+
+namespace {
+
+// One cell of a qualified line gathered from runs of the line: while the runs
+// follow each other the cell stays a piece of the line; once a qualifier is
+// left out between them, the cell is copied into the line's rebuilt text.
+// The rebuilt text holds at most the line's characters, and room for them is
+// made at the line's start, so the cells taken from it never move.
+class CellRuns {
+ public:
+  CellRuns(std::string_view line, std::string& rebuilt) : line_(line), rebuilt_(rebuilt) {
+    rebuilt_.reserve(line.size());
+  }
+
+  void Add(std::size_t from, std::size_t to) {
+    if (from == to) return;
+    if (!copied_) {
+      if (begin_ == end_) {
+        begin_ = from;
+        end_ = to;
+        return;
+      }
+      if (from == end_) {
+        end_ = to;
+        return;
+      }
+      copied_ = true;
+      copyStart_ = rebuilt_.size();
+      rebuilt_.append(line_.substr(begin_, end_ - begin_));
+    }
+    rebuilt_.append(line_.substr(from, to - from));
+  }
+
+  std::string_view Take() {
+    const std::string_view cell = copied_ ? std::string_view(rebuilt_).substr(copyStart_)
+                                          : line_.substr(begin_, end_ - begin_);
+    begin_ = end_ = 0;
+    copied_ = false;
+    return cell;
+  }
+
+ private:
+  std::string_view line_;
+  std::string& rebuilt_;
+  std::size_t begin_ = 0;
+  std::size_t end_ = 0;
+  bool copied_ = false;
+  std::size_t copyStart_ = 0;
+};
+
+}  // namespace
 
 // A qualifier opens a cell only as its first character; inside, a doubled
 // qualifier stands for one, and text after the closing one joins the cell. A
 // delimiter where a cell would start makes an empty cell, or none with
 // consecutive-as-one, and a line that ends there makes no trailing cell.
-void LineSplitter::QualifierSplit(std::string_view line, ParsedLine& out) const {
+void LineSplitter::QualifierSplit(std::string_view line, LineCells& out) const {
   enum class State { FieldStart, InQuotes, InField };
   const std::size_t length = line.size();
   const char q = qualifier_;
   State state = State::FieldStart;
   int count = 0;
-  std::string* cell = &out.Columns[0];
-  cell->clear();
-  std::size_t i = 0;
-  // Each cell is built in its own slot; a cell that is made moves on to the next.
-  auto makeCell = [&] {
+  CellRuns cell(line, out.Rebuilt);
+  const auto makeCell = [&] {
+    out.Cells[static_cast<std::size_t>(count)] = cell.Take();
     ++count;
-    if (count < kMaxColumns) {
-      cell = &out.Columns[static_cast<std::size_t>(count)];
-      cell->clear();
-    }
   };
+  std::size_t i = 0;
   while (i < length && count < kMaxSplits) {
-    const char ch = line[i];
     switch (state) {
       case State::FieldStart:
-        if (ch == q) {
+        if (line[i] == q) {
           state = State::InQuotes;
-        } else if (IsDelimiter(ch)) {
+          ++i;
+        } else if (IsDelimiter(line[i])) {
           if (!format_.ConsecutiveAsOne) makeCell();
+          ++i;
         } else {
-          cell->push_back(ch);
           state = State::InField;
         }
         break;
-      case State::InQuotes:
-        if (ch == q) {
-          if (i + 1 < length) {
-            if (line[i + 1] == q) {
-              cell->push_back(q);
-              ++i;
-            } else {
-              state = State::InField;
-            }
-          }
+      case State::InQuotes: {
+        // Up to the next qualifier the text is the cell's as it stands.
+        std::size_t end = line.find(q, i);
+        if (end == std::string_view::npos) end = length;
+        cell.Add(i, end);
+        i = end;
+        if (i == length) break;
+        if (i + 1 == length) {
+          // A qualifier as the line's last character closes nothing.
+          ++i;
+        } else if (line[i + 1] == q) {
+          cell.Add(i, i + 1);
+          i += 2;
         } else {
-          cell->push_back(ch);
+          state = State::InField;
+          ++i;
         }
         break;
-      case State::InField:
-        if (IsDelimiter(ch)) {
+      }
+      case State::InField: {
+        // A cell runs to the next delimiter, qualifiers and all.
+        std::size_t end = i;
+        while (end < length && !IsDelimiter(line[end])) ++end;
+        cell.Add(i, end);
+        i = end;
+        if (i < length) {
           makeCell();
           state = State::FieldStart;
-        } else {
-          cell->push_back(ch);
+          ++i;
         }
         break;
+      }
     }
-    ++i;
   }
   if (i < length && count == kMaxSplits) {
     // The rest of a long line goes into cell 30 as it stands, qualifiers and all.
-    cell->append(line.substr(i));
+    cell.Add(i, length);
+    out.Cells[static_cast<std::size_t>(count)] = cell.Take();
     count = kMaxColumns;
   } else if (state != State::FieldStart) {
-    ++count;
+    makeCell();
   }
   out.Count = static_cast<int16_t>(count);
 }
 
 // QualifierSplit of a line in which the qualifier does not occur, as most
 // lines of a survey file are: the same cells, each taken in one piece.
-void LineSplitter::UnquotedQualifierSplit(std::string_view line, ParsedLine& out) const {
+void LineSplitter::UnquotedQualifierSplit(std::string_view line, LineCells& out) const {
   const char* text = line.data();
   const std::size_t length = line.size();
   int count = 0;
   std::size_t i = 0;
-  std::string* cell = &out.Columns[0];
-  cell->clear();
+  std::string_view cell;
   const auto makeCell = [&] {
+    out.Cells[static_cast<std::size_t>(count)] = cell;
+    cell = {};
     ++count;
-    if (count < kMaxColumns) {
-      cell = &out.Columns[static_cast<std::size_t>(count)];
-      cell->clear();
-    }
   };
   bool inField = false;
   while (i < length && count < kMaxSplits) {
@@ -213,7 +279,7 @@ void LineSplitter::UnquotedQualifierSplit(std::string_view line, ParsedLine& out
     // A cell runs to the next delimiter.
     std::size_t end = i + 1;
     while (end < length && !IsDelimiter(text[end])) ++end;
-    cell->assign(text + i, end - i);
+    cell = line.substr(i, end - i);
     i = end;
     if (i < length) {
       makeCell();
@@ -224,10 +290,10 @@ void LineSplitter::UnquotedQualifierSplit(std::string_view line, ParsedLine& out
   }
   if (i < length && count == kMaxSplits) {
     // The rest of a long line goes into cell 30 as it stands.
-    cell->append(line.substr(i));
+    out.Cells[static_cast<std::size_t>(count)] = line.substr(i);
     count = kMaxColumns;
   } else if (inField) {
-    ++count;
+    makeCell();
   }
   out.Count = static_cast<int16_t>(count);
 }
@@ -236,17 +302,17 @@ void LineSplitter::UnquotedQualifierSplit(std::string_view line, ParsedLine& out
 // shows them in the order the user made them. Without any marker the first
 // cell is cut at marker 1's position all the same, so the count is never
 // below 2.
-void LineSplitter::FixedSplit(std::string_view line, ParsedLine& out) const {
+void LineSplitter::FixedSplit(std::string_view line, LineCells& out) const {
   const ColumnMarkerList& markers = format_.Markers;
   const long long first = markers.ColumnMarkers(1);
   if (first < 0) Raise(err::InvalidProcedureCall);
-  out.Columns[0].assign(line.substr(0, std::min<std::size_t>(static_cast<std::size_t>(first), line.size())));
+  out.Cells[0] = line.substr(0, std::min<std::size_t>(static_cast<std::size_t>(first), line.size()));
   int n = 2;
   for (; n <= markers.NumMarkers; ++n) {
     const long long from = markers.ColumnMarkers(n - 1);
-    out.Columns[static_cast<std::size_t>(n - 1)].assign(Mid(line, from, markers.ColumnMarkers(n) - from));
+    out.Cells[static_cast<std::size_t>(n - 1)] = Mid(line, from, markers.ColumnMarkers(n) - from);
   }
-  out.Columns[static_cast<std::size_t>(n - 1)].assign(MidToEnd(line, markers.ColumnMarkers(n - 1)));
+  out.Cells[static_cast<std::size_t>(n - 1)] = MidToEnd(line, markers.ColumnMarkers(n - 1));
   out.Count = static_cast<int16_t>(n);
 }
 
@@ -268,14 +334,6 @@ ParsedLine PullColumns(const ColumnFormat& format, int16_t lineIndex, std::strin
   else
     splitter.Split(PreviewLine(lineIndex), parsed);
   return parsed;
-}
-
-std::string_view CleanCell(std::string_view cell) {
-  std::size_t b = 0;
-  std::size_t e = cell.size();
-  while (b < e && cell[b] == ' ') ++b;
-  while (e > b && cell[e - 1] == ' ') --e;
-  return cell.substr(b, std::min(e - b, kMaxCellLength));
 }
 
 }  // namespace corvalin

@@ -116,14 +116,14 @@ class LoadLinesSource {
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   LoadLinesSource input(inputPath);
   const LineSplitter splitter(format);
-  ParsedLine parsed;
+  LineCells parsed;
   clsDBEngine& engine = DatabaseEngine();
 
   // The rows as the table now holds them, kept as they are inserted: the
   // grid, the validation and the translation read them from here instead of
   // reading the table back.
   std::vector<std::string> fields{"LineNum"};
-  for (int n = 1; n <= kMaxColumns; ++n) fields.push_back("c" + std::to_string(n));
+  for (int n = 1; n <= kMaxColumns; ++n) fields.push_back(std::string("c").append(std::to_string(n)));
   fields.emplace_back("Excluded");
   std::shared_ptr<RowStore> image = RowStore::Image("tft", fields);
   // The cells of a line are never longer than the line, and each row adds
@@ -155,12 +155,10 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         input.Next(line);
         RefuseNullCharacter(line, lineNumber);
         RefuseLineTooLong(line);
-        splitter.Split(line, parsed);
+        splitter.Cut(line, parsed);
         if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
-        for (int n = 1; n <= kMaxColumns; ++n) {
-          const auto cell = static_cast<std::size_t>(n);
-          values[cell] = n <= parsed.Count ? CleanCell(parsed.Columns[cell - 1]) : std::string_view();
-        }
+        // Cells past the line's last are empty, and stored so.
+        for (std::size_t cell = 0; cell < parsed.Cells.size(); ++cell) values[cell + 1] = CleanCell(parsed.Cells[cell]);
         const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
         values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
         // The table is fresh: its rows are numbered from 1 in the order of the lines.
