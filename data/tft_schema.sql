@@ -1,6 +1,11 @@
 -- The working table: one row per input line. LineNum is the input line
 -- number; c1..c30 the cells as text (the empty string allowed); Excluded is
 -- "N" or "Y".
+--
+-- Large pages: a load appends some ten megabytes of rows in one go, and each
+-- page filled is one more round of the store's page bookkeeping and one more
+-- write to the file.
+PRAGMA page_size = 65536;
 CREATE TABLE tft (
   LineNum INTEGER,
   c1 TEXT, c2 TEXT, c3 TEXT, c4 TEXT, c5 TEXT, c6 TEXT, c7 TEXT, c8 TEXT, c9 TEXT, c10 TEXT,
