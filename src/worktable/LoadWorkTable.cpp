@@ -145,7 +145,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   {
     // Held here until the writer is handed over: it must outlive it.
     const std::shared_ptr<Connection> connection = engine.Current();
-    auto writer = std::make_unique<TableWriter>(*connection);
+    auto writer = std::make_unique<TableWriter>(*connection, image);
     try {
       int16_t lineNumber = 0;
       std::string_view line;
@@ -163,8 +163,12 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
         // The table is fresh: its rows are numbered from 1 in the order of the lines.
         const long long rowid = image->Count() + 1;
-        image->AppendImageRow(rowid, values.data());
-        writer->Add(rowid, lineNumber, parsed.Count, values.data() + 1);
+        // The writer reads the cells where the image keeps them: before the
+        // image's room would move them (a file grown since its size was
+        // taken), the rows handed over go in.
+        if (!image->ImageHasRoomFor(values.data())) writer->Finish();
+        const char* stored = image->AppendImageRow(rowid, values.data());
+        writer->Add(rowid, lineNumber, parsed.Count, stored + values[0].size(), values.data() + 1);
         if (Run().BusyCancelled) break;
       }
     } catch (...) {

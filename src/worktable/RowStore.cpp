@@ -75,26 +75,40 @@ void RowStore::ReserveImage(long rows, std::size_t cellBytes) {
   arena_.reserve(cellBytes);
 }
 
-void RowStore::AppendImageRow(long long rowid, const std::string_view* values) {
+namespace {
+
+std::size_t RowLength(const std::string_view* values, std::size_t width) {
+  std::size_t length = 0;
+  for (std::size_t f = 0; f < width; ++f) length += values[f].size();
+  return length;
+}
+
+}  // namespace
+
+bool RowStore::ImageHasRoomFor(const std::string_view* values) const {
+  return arena_.capacity() - arena_.size() >= RowLength(values, fields.size());
+}
+
+const char* RowStore::AppendImageRow(long long rowid, const std::string_view* values) {
   const std::size_t width = fields.size();
   rowids_.push_back(rowid);
   nullBits_.resize(nullBits_.size() + (width + 63) / 64, 0);
   edited_.push_back(-1);
   // The row's cells go in at once: one growth of the buffer per row.
-  std::size_t length = 0;
-  for (std::size_t f = 0; f < width; ++f) length += values[f].size();
-  std::size_t at = arena_.size();
-  arena_.resize(at + length);
+  const std::size_t first = arena_.size();
+  arena_.resize(first + RowLength(values, width));
   const std::size_t firstStart = starts_.size();
   starts_.resize(firstStart + width + 1);
   uint32_t* start = starts_.data() + firstStart;
   char* cells = arena_.data();
+  std::size_t at = first;
   for (std::size_t f = 0; f < width; ++f) {
     start[f] = static_cast<uint32_t>(at);
     if (!values[f].empty()) std::memcpy(cells + at, values[f].data(), values[f].size());
     at += values[f].size();
   }
   start[width] = static_cast<uint32_t>(at);
+  return cells + first;
 }
 
 bool RowStore::IsWholeTable() const {

@@ -45,7 +45,12 @@ struct RowStore {
   // never touched, so it costs no memory.
   void ReserveImage(long rows, std::size_t cellBytes);
   // One row of the image: its row id and every field's text (none is Null).
-  void AppendImageRow(long long rowid, const std::string_view* values);
+  // Gives where the row's texts now lie, back to back in field order: they
+  // stay there as long as each later row is appended where there is room.
+  const char* AppendImageRow(long long rowid, const std::string_view* values);
+  // Whether a row of these values fits in the room taken, the rows before
+  // it staying where they are.
+  bool ImageHasRoomFor(const std::string_view* values) const;
   // The select of a whole table: its image stays exact under its own edits.
   bool IsWholeTable() const;
 

@@ -27,40 +27,49 @@ class TableWriter {
  public:
   // The connection must outlive the writer: the load holds it while it
   // adds rows, and a connection it is handed to finishes it before it goes.
-  explicit TableWriter(Connection& connection);
+  // What holds the cells of the rows (the load's image of the table) is
+  // kept alive as long as the writer may read them.
+  TableWriter(Connection& connection, std::shared_ptr<const void> cellsOwner);
   // Stops the thread; rows not yet handed over by Finish are dropped.
   ~TableWriter();
   TableWriter(const TableWriter&) = delete;
   TableWriter& operator=(const TableWriter&) = delete;
 
-  // Line lineNumber cut into count cells (cells[0] is column 1), inserted as
-  // the table's row rowid (a fresh table numbers its rows from 1 in the order
-  // they come); its other columns are empty and it is not excluded. The cells
-  // are copied: the caller's may change at once. A failure of an earlier
-  // insert is raised here.
-  void Add(long long rowid, int16_t lineNumber, int count, const std::string_view* cells);
+  // Line lineNumber cut into count cells, inserted as the table's row rowid
+  // (a fresh table numbers its rows from 1 in the order they come); its
+  // other columns are empty and it is not excluded. The cells are not
+  // copied: they lie back to back from stored, cells[n] giving the length of
+  // column n + 1 (at most 255), and must stay there, unchanged, until Finish
+  // has come back. A failure of an earlier insert is raised here.
+  void Add(long long rowid, int16_t lineNumber, int count, const char* stored, const std::string_view* cells);
   // Waits until every row added is in the table; raises the first failure.
   void Finish();
 
  private:
-  // Lines go over a block at a time: one statement inserts a whole block.
-  static constexpr int kBlockRows = 64;
+  // Lines go over a block at a time, and one statement inserts a group of
+  // them: few hand-overs between the threads, few statements to step.
+  static constexpr int kGroupRows = 64;
+  static constexpr int kBlockRows = 4 * kGroupRows;
   // Blocks waiting at most, so that a fast reader does not run far ahead.
-  static constexpr std::size_t kBlocksInFlight = 8;
+  static constexpr std::size_t kBlocksInFlight = 4;
 
+  struct Row {
+    const char* stored;  // column 1's text, the others after it
+    long long rowid;
+    int16_t lineNumber;
+    int16_t count;
+    uint32_t firstLength;  // where the row's lengths start in lengths
+  };
   struct Block {
-    std::string cells;               // every cell of the block, back to back
-    std::vector<uint32_t> ends;      // per row, per cell of the row: its end in cells
-    std::vector<long long> rowids;
-    std::vector<int16_t> lineNumbers;
-    std::vector<int16_t> counts;
-    int widest = 0;                  // the most columns a line of the block has
+    std::vector<Row> rows;
+    std::vector<uint8_t> lengths;  // per row, per cell of the row
     void Clear();
   };
 
   void Hand(std::unique_ptr<Block> block);
   void Work();
   void Insert(const Block& block);
+  void InsertGroup(const Block& block, std::size_t first, int rows, int width);
   class Statements;
 
   std::unique_ptr<Block> filling_;
@@ -71,6 +80,7 @@ class TableWriter {
   bool closing_ = false;
   bool busy_ = false;
   std::exception_ptr failure_;
+  std::shared_ptr<const void> cellsOwner_;
   std::unique_ptr<Statements> statements_;
   std::thread thread_;
 };

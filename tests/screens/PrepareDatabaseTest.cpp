@@ -261,6 +261,70 @@ TEST_F(LoadTable, FileOf32767LinesLoads) {
   EXPECT_EQ(rows.back(), Expected(32767, {"32767", "x"}));
 }
 
+// Lines of every width from 1 to 7 cells, every third one with a qualified
+// cell that holds a delimiter and a doubled qualifier: the rows go in by
+// blocks of many lines, the last ones line by line, and each keeps its own.
+TEST_F(LoadTable, EveryRowOfAFileOfMixedLinesHoldsItsOwnCells) {
+  std::string text;
+  std::vector<Row> expected;
+  for (int k = 1; k <= 1000; ++k) {
+    std::vector<std::string> cells{std::to_string(k)};
+    std::string line = std::to_string(k);
+    for (int n = 1; n < k % 7 + 1; ++n) {
+      if (n == 1 && k % 3 == 0) {
+        line += ",\"q," + std::to_string(k) + " \"\"x\"\"\"y";
+        cells.push_back("q," + std::to_string(k) + " \"x\"y");
+      } else {
+        line += ", c" + std::to_string(n * k) + " ";
+        cells.push_back("c" + std::to_string(n * k));
+      }
+    }
+    text += line + "\r\n";
+    expected.push_back(Expected(k, cells));
+  }
+  frmColumns& screen = Input(text);
+  screen.cmbTextQualifiers.Select(0);
+  screen.cmbTextQualifiers_Click();
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), expected);
+  EXPECT_EQ(Run().ColumnCount, 7);
+}
+
+// A pipe has no size to take room by: its rows outgrow the room taken at the
+// start, and those written before go in first, whole.
+TEST_F(LoadTable, PipedRowsBeyondTheRoomTakenAtTheStartStayWhole) {
+  std::string text;
+  std::vector<Row> expected;
+  for (int n = 1; n <= 3000; ++n) {
+    const std::string cell(100, static_cast<char>('a' + n % 26));
+    text += std::to_string(n) + "," + cell + "\r\n";
+    expected.push_back(Expected(n, {std::to_string(n), cell}));
+  }
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::close(ends[0]);
+    std::size_t done = 0;
+    while (done < text.size()) {
+      const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
+      if (n <= 0) ::_exit(1);
+      done += static_cast<std::size_t>(n);
+    }
+    ::_exit(0);
+  }
+  ::close(ends[1]);
+  App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
+  App().Columns();
+  ::close(ends[0]);
+  PrepareDatabase();
+  int status = 0;
+  ::waitpid(writer, &status, 0);
+  EXPECT_TRUE(ui.boxes.empty());
+  EXPECT_EQ(Rows(), expected);
+}
+
 TEST_F(LoadTable, FileOf32768LinesFailsWithOverflowAndKeepsTheRowsSoFar) {
   Input(Lines(32768));
   PrepareDatabase();
