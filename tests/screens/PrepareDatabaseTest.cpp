@@ -105,6 +105,39 @@ class LoadTable : public testing::FreshProcess {
 
   long RowCount() const { return static_cast<long>(Rows().size()); }
 
+  // The input is a pipe that a child process writes text into; the preview
+  // of frmColumns has read from it.
+  struct PipedInput {
+    pid_t writer = -1;
+    void Wait() const {
+      int status = 0;
+      if (writer > 0) ::waitpid(writer, &status, 0);
+    }
+  };
+  PipedInput InputFromPipe(const std::string& text) {
+    int ends[2];
+    if (::pipe(ends) != 0) {
+      ADD_FAILURE() << "no pipe";
+      return {};
+    }
+    const pid_t writer = ::fork();
+    if (writer == 0) {
+      ::close(ends[0]);
+      std::size_t done = 0;
+      while (done < text.size()) {
+        const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
+        if (n <= 0) ::_exit(1);
+        done += static_cast<std::size_t>(n);
+      }
+      ::_exit(0);
+    }
+    ::close(ends[1]);
+    App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
+    App().Columns();
+    ::close(ends[0]);  // the program holds its own open of the pipe
+    return PipedInput{writer};
+  }
+
   void Execute(const std::string& sql) const {
     FinishDatabaseWrites();
     sqlite3* db = nullptr;
@@ -301,26 +334,9 @@ TEST_F(LoadTable, PipedRowsBeyondTheRoomTakenAtTheStartStayWhole) {
     text += std::to_string(n) + "," + cell + "\r\n";
     expected.push_back(Expected(n, {std::to_string(n), cell}));
   }
-  int ends[2];
-  ASSERT_EQ(::pipe(ends), 0);
-  const pid_t writer = ::fork();
-  if (writer == 0) {
-    ::close(ends[0]);
-    std::size_t done = 0;
-    while (done < text.size()) {
-      const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
-      if (n <= 0) ::_exit(1);
-      done += static_cast<std::size_t>(n);
-    }
-    ::_exit(0);
-  }
-  ::close(ends[1]);
-  App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
-  App().Columns();
-  ::close(ends[0]);
+  const PipedInput input = InputFromPipe(text);
   PrepareDatabase();
-  int status = 0;
-  ::waitpid(writer, &status, 0);
+  input.Wait();
   EXPECT_TRUE(ui.boxes.empty());
   EXPECT_EQ(Rows(), expected);
 }
@@ -369,27 +385,10 @@ TEST_F(LoadTable, LineTooLongToCountEndsAFixedWidthLoadInOverflow) {
 TEST_F(LoadTable, PipeLoadsTheLinesThePreviewTookAndTheRest) {
   std::string text;
   for (int n = 1; n <= 1500; ++n) text += std::to_string(n) + ",x\r\n";
-  int ends[2];
-  ASSERT_EQ(::pipe(ends), 0);
-  const pid_t writer = ::fork();
-  if (writer == 0) {
-    ::close(ends[0]);
-    std::size_t done = 0;
-    while (done < text.size()) {
-      const ssize_t n = ::write(ends[1], text.data() + done, text.size() - done);
-      if (n <= 0) ::_exit(1);
-      done += static_cast<std::size_t>(n);
-    }
-    ::_exit(0);
-  }
-  ::close(ends[1]);
-  App().Template().lblInputFile.SetCaption("/proc/self/fd/" + std::to_string(ends[0]));
-  App().Columns();
-  ::close(ends[0]);  // the program holds its own open of the pipe
+  const PipedInput input = InputFromPipe(text);
   EXPECT_EQ(Run().InputPreviewCount, 999);
   PrepareDatabase();
-  int status = 0;
-  ::waitpid(writer, &status, 0);
+  input.Wait();
   EXPECT_TRUE(ui.boxes.empty());
   const auto rows = Rows();
   ASSERT_EQ(rows.size(), 1500u);
