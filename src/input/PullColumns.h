@@ -4,6 +4,7 @@
 // a time and touches no file.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -75,7 +76,7 @@ inline std::string_view CleanCell(std::string_view cell) {
   std::size_t e = cell.size();
   while (b < e && cell[b] == ' ') ++b;
   while (e > b && cell[e - 1] == ' ') --e;
-  return cell.substr(b, e - b < kMaxCellLength ? e - b : kMaxCellLength);
+  return cell.substr(b, std::min(e - b, kMaxCellLength));
 }
 
 }  // namespace corvalin

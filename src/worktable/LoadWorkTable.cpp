@@ -123,7 +123,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   // grid, the validation and the translation read them from here instead of
   // reading the table back.
   std::vector<std::string> fields{"LineNum"};
-  for (int n = 1; n <= kMaxColumns; ++n) fields.push_back(std::string("c").append(std::to_string(n)));
+  for (int n = 1; n <= kMaxColumns; ++n) fields.push_back("c" + std::to_string(n));
   fields.emplace_back("Excluded");
   std::shared_ptr<RowStore> image = RowStore::Image("tft", fields);
   // The cells of a line are never longer than the line, and each row adds

@@ -1,7 +1,7 @@
 // The load's inserts into the working table, run on a thread of their own:
 // while the program reads and cuts the next lines, the lines before them go
-// into tft. The two halves cost about the same, so a load takes about the
-// time of the larger one instead of both.
+// into tft. A load takes about the time of the larger half (the inserts,
+// for a file of many columns) instead of both.
 //
 // While a writer lives, the connection is its alone: nothing else may use
 // the working database until Finish has come back (FinishWrites of
