@@ -1,9 +1,5 @@
 #include "worktable/Connection.h"
 
-#include <exception>
-#include <string>
-
-#include "shell/Error.h"
 #include "worktable/TableWriter.h"
 
 namespace corvalin {
@@ -14,27 +10,28 @@ Connection::~Connection() {
   try {
     FinishWrites(*this);
   } catch (...) {
-    // Nobody is left to tell: what went in before the failure stays.
+    // Nobody is left to tell.
   }
   if (db != nullptr) sqlite3_close_v2(db);
+}
+
+long long DataVersion(Connection& connection) {
+  sqlite3_stmt* statement = nullptr;
+  long long version = -1;
+  if (sqlite3_prepare_v2(connection.db, "PRAGMA data_version", -1, &statement, nullptr) == SQLITE_OK &&
+      sqlite3_step(statement) == SQLITE_ROW)
+    version = sqlite3_column_int64(statement, 0);
+  sqlite3_finalize(statement);
+  return version;
 }
 
 void FinishWrites(Connection& connection) {
   if (!connection.writer) return;
   const std::unique_ptr<TableWriter> writer = std::move(connection.writer);
-  std::exception_ptr failure;
-  try {
-    writer->Finish();
-  } catch (...) {
-    failure = std::current_exception();
-  }
-  // The rows inserted before a failure stay in the table all the same.
-  char* message = nullptr;
-  const int rc = sqlite3_exec(connection.db, "COMMIT", nullptr, nullptr, &message);
-  const std::string text = message != nullptr ? message : "?";
-  sqlite3_free(message);
-  if (failure) std::rethrow_exception(failure);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, "clsDBEngine.CommtTrans", text);
+  writer->Finish();
+  // SQLite counts the load's pages as another's change to the file: the
+  // count after them is the one a reopening compares with.
+  connection.dataVersion = DataVersion(connection);
 }
 
 }  // namespace corvalin

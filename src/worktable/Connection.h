@@ -30,28 +30,29 @@ struct Connection {
   unsigned long long device = 0;
   unsigned long long inode = 0;
   // SQLite's count of changes other connections made to the file, when the
-  // connection was last closed.
+  // connection was last closed or its load was done.
   long long dataVersion = 0;
-  // The load's inserts, still going on a thread of their own in the load's
-  // transaction, and SQLite's count of other connections' commits when they
-  // began: while they go, the connection holds the file's write lock, so no
-  // other connection changes it.
+  // The load's rows, still going into the table on a thread of their own:
+  // while they go, the connection holds the file's write lock, so no other
+  // connection reads or changes it.
   std::unique_ptr<TableWriter> writer;
-  long long dataVersionAtLoad = 0;
 
   Connection();
-  // Waits for the load's inserts first: the table is whole when it closes.
+  // Waits for the load's rows first: the table is whole when it closes.
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 };
 
-// Waits until the load's inserts are in the table and commits them. Every use
-// of the database calls it first, so that nothing ever sees the table before
-// it is whole; the grid, the validation and the translation, which read the
-// load's image, need not wait. Raises the first failure of an insert, after
-// committing the rows that went in before it.
+// Waits until the load's rows are in the table. Every use of the database
+// calls it first, so that nothing ever sees the table before it is whole; the
+// grid, the validation and the translation, which read the load's image, need
+// not wait. Raises the first failure of the load's writes.
 void FinishWrites(Connection& connection);
+
+// SQLite's count of the changes others made to the file, as this connection
+// last saw it.
+long long DataVersion(Connection& connection);
 
 // The store's failure as a run-time error: its code and message.
 [[noreturn]] void RaiseDatabaseError(sqlite3* db, const std::string& source);

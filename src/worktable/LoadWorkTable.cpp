@@ -110,9 +110,9 @@ class LoadLinesSource {
   int16_t taken_ = 0;
 };
 
-// Loads the lines of the input into tft with one prepared insert. The
-// limits are checked line by line as the input is read, so an endless or
-// huge input is answered at its first fault, in bounded memory.
+// Loads the lines of the input into tft. The limits are checked line by line
+// as the input is read, so an endless or huge input is answered at its first
+// fault, in bounded memory.
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   LoadLinesSource input(inputPath);
   const LineSplitter splitter(format);
@@ -138,10 +138,8 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   values[kMaxColumns + 1] = "N";
   char lineText[8];
 
-  // One transaction for the whole load; what was inserted before a Cancel or
-  // a failure is committed all the same, so those rows stay in the table.
-  const long long dataVersion = engine.DataVersionNow();
-  engine.StartTrans();
+  // What was loaded before a Cancel or a failure goes into the table all
+  // the same, so those rows stay.
   {
     // Held here until the writer is handed over: it must outlive it.
     const std::shared_ptr<Connection> connection = engine.Current();
@@ -166,7 +164,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         // The writer reads the cells where the image keeps them: before the
         // image's room would move them (a file grown since its size was
         // taken), the rows handed over go in.
-        if (!image->ImageHasRoomFor(values.data())) writer->Finish();
+        if (!image->ImageHasRoomFor(values.data())) writer->Drain();
         const char* stored = image->AppendImageRow(rowid, values.data());
         writer->Add(rowid, lineNumber, parsed.Count, stored + values[0].size(), values.data() + 1);
         if (Run().BusyCancelled) break;
@@ -178,17 +176,12 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
       } catch (...) {
         // The first failure is the one to report.
       }
-      try {
-        engine.CommtTrans();
-      } catch (...) {
-        // The first failure is the one to report.
-      }
       throw;
     }
     // The last rows go in while the run goes on: the grid, the validation and
     // the translation read the image, and anything that uses the database
     // waits for them first.
-    engine.FinishLater(std::move(writer), dataVersion);
+    engine.FinishLater(std::move(writer));
   }
   engine.AdoptRows(std::move(image));
 }

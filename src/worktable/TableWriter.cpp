@@ -1,61 +1,22 @@
 #include "worktable/TableWriter.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 
 #include "input/ColumnFormat.h"
-#include "shell/Error.h"
 #include "shell/Failure.h"
-#include "worktable/clsDBEngine.h"
+#include "worktable/Connection.h"
+#include "worktable/TablePages.h"
 
 namespace corvalin {
-
-// The inserts, prepared once each on the writer's thread. A line's cells past
-// its count are empty, so they go in as literal empty texts and only the
-// cells the line has are bound: most survey files use few of the 30 columns.
-// A bound text needs no doubled quotes and stores what a quoted literal would
-// have stored.
-class TableWriter::Statements {
- public:
-  explicit Statements(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
-
-  PreparedStatement& For(int count, int rows) {
-    std::unique_ptr<PreparedStatement>& insert = (rows == 1 ? single_ : block_).at(static_cast<std::size_t>(count));
-    // The image holds what the inserts write: rows fetched before them stay
-    // shared.
-    if (!insert) insert = std::make_unique<PreparedStatement>(connection_, Text(count, rows), false);
-    return *insert;
-  }
-
- private:
-  static std::string Text(int count, int rows) {
-    std::string sql = "INSERT INTO tft (LineNum";
-    for (int n = 1; n <= kMaxColumns; ++n) sql += ",c" + std::to_string(n);
-    sql += ",Excluded) VALUES ";
-    for (int r = 0; r < rows; ++r) {
-      sql += r == 0 ? "(?" : ",(?";
-      for (int n = 1; n <= kMaxColumns; ++n) sql += n <= count ? ",?" : ",''";
-      sql += ",'N')";
-    }
-    return sql;
-  }
-
-  std::shared_ptr<Connection> connection_;
-  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> single_{};
-  std::array<std::unique_ptr<PreparedStatement>, kMaxColumns + 1> block_{};
-};
 
 void TableWriter::Block::Clear() {
   rows.clear();
   lengths.clear();
 }
 
-// The statements share the connection without owning it: the connection
-// owns the writer once the load hands it over, and would otherwise never go.
 TableWriter::TableWriter(Connection& connection, std::shared_ptr<const void> cellsOwner)
     : cellsOwner_(std::move(cellsOwner)),
-      statements_(std::make_unique<Statements>(std::shared_ptr<Connection>(std::shared_ptr<Connection>(), &connection))),
+      pages_(std::make_unique<TablePages>(connection.db)),
       thread_([this] { Work(); }) {}
 
 TableWriter::~TableWriter() {
@@ -90,11 +51,18 @@ void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char
   if (static_cast<int>(block.rows.size()) == kBlockRows) Hand(std::move(filling_));
 }
 
-void TableWriter::Finish() {
+void TableWriter::Drain() {
   if (filling_ && !filling_->rows.empty()) Hand(std::move(filling_));
   std::unique_lock<std::mutex> lock(mutex_);
   changed_.wait(lock, [this] { return waiting_.empty() && !busy_; });
   if (failure_) std::rethrow_exception(failure_);
+}
+
+// The writer's thread is idle once drained: the pages are this thread's to
+// complete.
+void TableWriter::Finish() {
+  Drain();
+  pages_->Complete();
 }
 
 void TableWriter::Hand(std::unique_ptr<Block> block) {
@@ -144,43 +112,9 @@ void TableWriter::Work() {
   }
 }
 
-// Each full group of a block goes in with one statement, as many cells of
-// each line bound as its widest line has; the lines of a last, short group
-// go one by one.
 void TableWriter::Insert(const Block& block) {
-  const std::size_t lines = block.rows.size();
-  std::size_t done = 0;
-  for (; done + kGroupRows <= lines; done += kGroupRows) {
-    int widest = 0;
-    for (std::size_t r = done; r < done + kGroupRows; ++r) widest = std::max<int>(widest, block.rows[r].count);
-    InsertGroup(block, done, kGroupRows, widest);
-  }
-  for (; done < lines; ++done) InsertGroup(block, done, 1, block.rows[done].count);
-}
-
-void TableWriter::InsertGroup(const Block& block, std::size_t first, int rows, int width) {
-  PreparedStatement& insert = statements_->For(width, rows);
-  int parameter = 1;
-  for (std::size_t r = first; r < first + static_cast<std::size_t>(rows); ++r) {
-    const Row& row = block.rows[r];
-    insert.BindInt(parameter++, row.lineNumber);
-    const char* cell = row.stored;
-    const uint8_t* length = block.lengths.data() + row.firstLength;
-    for (int n = 0; n < row.count; ++n) {
-      insert.BindTextNoCopy(parameter++, std::string_view(cell, length[n]));
-      cell += length[n];
-    }
-    // The cells a line lacks up to the group's widest are empty.
-    for (int n = row.count; n < width; ++n) insert.BindTextNoCopy(parameter++, std::string_view(""));
-  }
-  insert.Run();
-  // SQLite numbers the rows of the fresh table in order, as the image
-  // does; a table that was not fresh would leave the image pointing at the
-  // wrong rows.
-  const long long last = block.rows[first + static_cast<std::size_t>(rows) - 1].rowid;
-  if (insert.LastRowId() != last)
-    throw RuntimeError(err::DatabaseError, "CreateColumnsTable",
-                       "row " + std::to_string(insert.LastRowId()) + " of tft was expected as row " + std::to_string(last));
+  for (const Row& row : block.rows)
+    pages_->Append(row.rowid, row.lineNumber, row.count, row.stored, block.lengths.data() + row.firstLength);
 }
 
 }  // namespace corvalin

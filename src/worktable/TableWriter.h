@@ -1,7 +1,7 @@
-// The load's inserts into the working table, run on a thread of their own:
-// while the program reads and cuts the next lines, the lines before them go
-// into tft. A load takes about the time of the larger half (the inserts,
-// for a file of many columns) instead of both.
+// The load's rows laid into the pages of tft on a thread of their own: while
+// the program reads and cuts the next lines, the lines before them go into
+// the table. A load takes about the time of the larger half (reading and
+// cutting) instead of both.
 //
 // While a writer lives, the connection is its alone: nothing else may use
 // the working database until Finish has come back (FinishWrites of
@@ -22,15 +22,18 @@
 namespace corvalin {
 
 struct Connection;
+class TablePages;
 
 class TableWriter {
  public:
   // The connection must outlive the writer: the load holds it while it
   // adds rows, and a connection it is handed to finishes it before it goes.
   // What holds the cells of the rows (the load's image of the table) is
-  // kept alive as long as the writer may read them.
+  // kept alive as long as the writer may read them. Raises a database error
+  // when tft is not the fresh table of the empty database (TablePages.h).
   TableWriter(Connection& connection, std::shared_ptr<const void> cellsOwner);
-  // Stops the thread; rows not yet handed over by Finish are dropped.
+  // Stops the thread; the rows of a writer not finished are dropped, and
+  // the table stays empty.
   ~TableWriter();
   TableWriter(const TableWriter&) = delete;
   TableWriter& operator=(const TableWriter&) = delete;
@@ -38,18 +41,21 @@ class TableWriter {
   // Line lineNumber cut into count cells, inserted as the table's row rowid
   // (a fresh table numbers its rows from 1 in the order they come); its
   // other columns are empty and it is not excluded. The cells are not
-  // copied: they lie back to back from stored, cells[n] giving the length of
-  // column n + 1 (at most 255), and must stay there, unchanged, until Finish
-  // has come back. A failure of an earlier insert is raised here.
+  // copied here: they lie back to back from stored, cells[n] giving the
+  // length of column n + 1 (at most 255), and must stay there, unchanged,
+  // until Drain or Finish has come back. A failure of an earlier row is
+  // raised here.
   void Add(long long rowid, int16_t lineNumber, int count, const char* stored, const std::string_view* cells);
-  // Waits until every row added is in the table; raises the first failure.
+  // Waits until the writer has taken every row added out of where its
+  // cells lie; raises the first failure. Rows may be added after it.
+  void Drain();
+  // Waits until every row added is in the table and the table is whole;
+  // raises the first failure. No row may be added after it.
   void Finish();
 
  private:
-  // Lines go over a block at a time, and one statement inserts a group of
-  // them: few hand-overs between the threads, few statements to step.
-  static constexpr int kGroupRows = 64;
-  static constexpr int kBlockRows = 4 * kGroupRows;
+  // Lines go over a block at a time: few hand-overs between the threads.
+  static constexpr int kBlockRows = 256;
   // Blocks waiting at most, so that a fast reader does not run far ahead.
   static constexpr std::size_t kBlocksInFlight = 4;
 
@@ -69,8 +75,6 @@ class TableWriter {
   void Hand(std::unique_ptr<Block> block);
   void Work();
   void Insert(const Block& block);
-  void InsertGroup(const Block& block, std::size_t first, int rows, int width);
-  class Statements;
 
   std::unique_ptr<Block> filling_;
   std::mutex mutex_;
@@ -81,7 +85,7 @@ class TableWriter {
   bool busy_ = false;
   std::exception_ptr failure_;
   std::shared_ptr<const void> cellsOwner_;
-  std::unique_ptr<Statements> statements_;
+  std::unique_ptr<TablePages> pages_;
   std::thread thread_;
 };
 

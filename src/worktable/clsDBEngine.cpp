@@ -47,9 +47,8 @@ std::string ResolveFileNameCase(const std::string& path) {
 
 // ---- PreparedStatement ----
 
-PreparedStatement::PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql,
-                                     bool changesWhatWasFetched)
-    : connection_(std::move(connection)), changesWhatWasFetched_(changesWhatWasFetched) {
+PreparedStatement::PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql)
+    : connection_(std::move(connection)) {
   if (sqlite3_prepare_v2(connection_->db, sql.c_str(), -1, &statement_, nullptr) != SQLITE_OK)
     RaiseDatabaseError(connection_->db, "clsDBEngine.Prepare");
 }
@@ -62,18 +61,12 @@ void PreparedStatement::BindText(int index, std::string_view text) {
   sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
-void PreparedStatement::BindTextNoCopy(int index, std::string_view text) {
-  sqlite3_bind_text(statement_, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
-}
-
 void PreparedStatement::Run() {
   const int rc = sqlite3_step(statement_);
   sqlite3_reset(statement_);
-  if (changesWhatWasFetched_) ++connection_->generation;
+  ++connection_->generation;
   if (rc != SQLITE_DONE) RaiseDatabaseError(connection_->db, "clsDBEngine.Execute");
 }
-
-long long PreparedStatement::LastRowId() const { return sqlite3_last_insert_rowid(connection_->db); }
 
 // ---- clsDBEngine ----
 
@@ -81,17 +74,6 @@ clsDBEngine::clsDBEngine() = default;
 clsDBEngine::~clsDBEngine() = default;
 
 namespace {
-
-// The count SQLite keeps of commits other connections made to the file.
-long long DataVersion(Connection& connection) {
-  sqlite3_stmt* statement = nullptr;
-  long long version = -1;
-  if (sqlite3_prepare_v2(connection.db, "PRAGMA data_version", -1, &statement, nullptr) == SQLITE_OK &&
-      sqlite3_step(statement) == SQLITE_ROW)
-    version = sqlite3_column_int64(statement, 0);
-  sqlite3_finalize(statement);
-  return version;
-}
 
 bool Identify(const std::string& path, unsigned long long& device, unsigned long long& inode) {
   struct stat info {};
@@ -145,7 +127,9 @@ void clsDBEngine::CloseDB() {
   // Closing a closed connection is harmless too. Row sets still holding the
   // file let it go when they are released.
   if (!connection_) return;
-  connection_->dataVersion = connection_->writer ? connection_->dataVersionAtLoad : DataVersion(*connection_);
+  // A connection whose load is still going takes its count when the load is
+  // done (FinishWrites).
+  if (!connection_->writer) connection_->dataVersion = DataVersion(*connection_);
   closed_ = std::move(connection_);
 }
 
@@ -184,11 +168,10 @@ std::unique_ptr<PreparedStatement> clsDBEngine::Prepare(const std::string& sql) 
 
 std::shared_ptr<Connection> clsDBEngine::Current() const { return RequireOpen(); }
 
-void clsDBEngine::FinishLater(std::unique_ptr<TableWriter> writer, long long dataVersion) {
+void clsDBEngine::FinishLater(std::unique_ptr<TableWriter> writer) {
   auto connection = RequireOpen();
   corvalin::FinishWrites(*connection);
   connection->writer = std::move(writer);
-  connection->dataVersionAtLoad = dataVersion;
 }
 
 void clsDBEngine::FinishWrites() {
@@ -196,7 +179,6 @@ void clsDBEngine::FinishWrites() {
   if (closed_) corvalin::FinishWrites(*closed_);
 }
 
-long long clsDBEngine::DataVersionNow() const { return DataVersion(*RequireOpen()); }
 
 // ---- the process-wide door ----
 

@@ -20,33 +20,22 @@ struct Connection;
 struct RowStore;
 class TableWriter;
 
-// A statement prepared once and run many times with bound text parameters:
-// the load of the working table uses it for its inserts.
+// A statement prepared once and run many times with bound parameters.
 class PreparedStatement {
  public:
-  // A statement whose runs do not change what was fetched (the load's inserts,
-  // which its image already holds) says so, and rows fetched before it are
-  // shared on.
-  PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql,
-                    bool changesWhatWasFetched = true);
+  PreparedStatement(std::shared_ptr<Connection> connection, const std::string& sql);
   ~PreparedStatement();
   PreparedStatement(const PreparedStatement&) = delete;
   PreparedStatement& operator=(const PreparedStatement&) = delete;
 
   void BindInt(int index, long long value);        // 1-based
   void BindText(int index, std::string_view text);  // 1-based; the text is copied
-  // The same without the copy: the text must stay alive and unchanged until
-  // Run. The load binds the cells of the line in hand so, at half the cost.
-  void BindTextNoCopy(int index, std::string_view text);
   // Runs the statement and resets it for the next binding.
   void Run();
-  // The row id of the last row an insert made.
-  long long LastRowId() const;
 
  private:
   std::shared_ptr<Connection> connection_;
   ::sqlite3_stmt* statement_ = nullptr;
-  bool changesWhatWasFetched_ = true;
 };
 
 class clsDBEngine {
@@ -90,12 +79,9 @@ class clsDBEngine {
   std::unique_ptr<PreparedStatement> Prepare(const std::string& sql);
   // The open connection, for the load's writer.
   std::shared_ptr<Connection> Current() const;
-  // The load's inserts, still going in the load's transaction: they are
-  // waited for and committed at the next use of the database.
-  // dataVersion is DataVersionNow() from before the load began.
-  void FinishLater(std::unique_ptr<TableWriter> writer, long long dataVersion);
-  // SQLite's count of other connections' commits, now.
-  long long DataVersionNow() const;
+  // The load's rows, still going into the table: they are waited for at
+  // the next use of the database.
+  void FinishLater(std::unique_ptr<TableWriter> writer);
   // Waits for the load's inserts of the open or the closed connection.
   void FinishWrites();
 

@@ -76,7 +76,8 @@ class LoadTable : public testing::FreshProcess {
     return App().Columns();
   }
 
-  // Every row of tft in table order: LineNum, c1..c30, Excluded.
+  // Every row of tft in table order: LineNum, c1..c30, Excluded. The file is
+  // checked whole by SQLite first: its pages, their cells and their order.
   std::vector<Row> Rows() const {
     // The file is read from outside the engine: the load's last inserts
     // may still be going.
@@ -89,6 +90,12 @@ class LoadTable : public testing::FreshProcess {
       return rows;
     }
     sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &statement, nullptr);
+    std::string integrity;
+    while (sqlite3_step(statement) == SQLITE_ROW)
+      integrity += reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+    sqlite3_finalize(statement);
+    EXPECT_EQ(integrity, "ok");
     sqlite3_prepare_v2(db, "SELECT * FROM tft ORDER BY rowid", -1, &statement, nullptr);
     while (sqlite3_step(statement) == SQLITE_ROW) {
       Row row;
@@ -559,6 +566,21 @@ TEST_F(LoadTable, ReloadWhileTheGridHoldsTheDatabaseOpenReplacesTheFile) {
   PrepareDatabase();
   EXPECT_TRUE(ui.boxes.empty());
   EXPECT_EQ(RowCount(), 2);
+}
+
+// The load's rows are laid into the file behind SQLite's back, which SQLite
+// counts as another's change: that must not make the database, closed and
+// opened again once they are in, drop its connection and the rows it holds.
+TEST_F(LoadTable, TheConnectionOfTheLoadIsTakenUpAgainWhenTheDatabaseIsOpenedAfterTheRowsAreIn) {
+  frmColumns& screen = Input(Lines(3000));
+  screen.cmdNext_Click();
+  ASSERT_TRUE(ui.boxes.empty());
+  const Connection* loaded = DatabaseEngine().Current().get();
+  CloseDatabase();
+  FinishDatabaseWrites();
+  OpenDatabase();
+  EXPECT_EQ(DatabaseEngine().Current().get(), loaded);
+  EXPECT_EQ(TftRecords()->RecordCount(), 3000);
 }
 
 TEST_F(LoadTable, TranslateAfterAFreshLoadShowsTheGrid) {

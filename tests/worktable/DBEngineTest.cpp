@@ -135,23 +135,6 @@ TEST_F(DBEngineTest, ClosingReleasesTheFileSoItCanBeReplaced) {
   EXPECT_NO_THROW(OpenDatabase());
 }
 
-TEST_F(DBEngineTest, ATextBoundWithoutACopyIsReadAtRun) {
-  OpenDatabase();
-  auto insert = DatabaseEngine().Prepare("INSERT INTO tft (LineNum, c1, Excluded) VALUES (?, ?, 'N')");
-  std::string cell = "first";
-  insert->BindInt(1, 1);
-  insert->BindTextNoCopy(2, cell);
-  insert->Run();
-  cell = "again";
-  insert->BindInt(1, 2);
-  insert->BindTextNoCopy(2, cell);
-  insert->Run();
-  OpenDatabase();
-  EXPECT_EQ(TftRecords()->Text("c1"), "first");
-  TftRecords()->MoveNext();
-  EXPECT_EQ(TftRecords()->Text("c1"), "again");
-}
-
 TEST_F(DBEngineTest, APreparedInsertBindsTextWithQuotesAsItStands) {
   OpenDatabase();
   auto insert = DatabaseEngine().Prepare("INSERT INTO tft (LineNum, c1, Excluded) VALUES (?, ?, 'N')");
