@@ -18,12 +18,12 @@ void ShowBusy(const std::string& title, const std::string& text) {
   UI().DoEvents();
 }
 
-void ShowBusyCount(const std::string& title, const std::string& prefix, long count) {
+void ShowBusyCount(std::string_view title, std::string_view prefix, long count) {
   if (Run().CommandLineMode) {
     UI().DoEvents();
     return;
   }
-  ShowBusy(title, prefix + std::to_string(count));
+  ShowBusy(std::string(title), std::string(prefix) + std::to_string(count));
 }
 
 void HideBusy() {

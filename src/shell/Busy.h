@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace corvalin {
 
@@ -11,8 +12,9 @@ namespace corvalin {
 // is when its Cancel can arrive).
 void ShowBusy(const std::string& title, const std::string& text);
 // The same with the text prefix + count, put together only where a window
-// shows it: the loops of the load and the translation call it per line.
-void ShowBusyCount(const std::string& title, const std::string& prefix, long count);
+// shows it: the loops of the load and the translation call it per line, and
+// an unattended run makes no text of them at all.
+void ShowBusyCount(std::string_view title, std::string_view prefix, long count);
 // Takes the busy window down (interactive run) and lets pending events run.
 void HideBusy();
 

@@ -52,9 +52,14 @@ bool FifteenDigitsQuickly(double magnitude, char* digits, int& pointAt) {
   // The power estimated from the comparisons can be one off near a power of
   // ten (a tenth has no exact double); the product then says so.
   for (int attempt = 0; attempt < 3; ++attempt) {
-    long double scale = 1;
-    for (int k = 0; k < kSignificantDigits - 1 - exponent; ++k) scale *= 10;
-    const long double product = static_cast<long double>(magnitude) * scale;
+    // Powers of ten up to 10^27 are exact in the wider type, so the table
+    // holds what multiplying by ten again and again would give.
+    static constexpr long double kScales[] = {1e0L,  1e1L,  1e2L,  1e3L,  1e4L,  1e5L,  1e6L,  1e7L,
+                                              1e8L,  1e9L,  1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L,
+                                              1e16L, 1e17L, 1e18L, 1e19L, 1e20L};
+    const int power = kSignificantDigits - 1 - exponent;
+    if (power < 0 || power >= static_cast<int>(sizeof kScales / sizeof kScales[0])) return false;
+    const long double product = static_cast<long double>(magnitude) * kScales[power];
     const long double whole = std::floor(product);
     const long double fraction = product - whole;
     if (std::fabs(fraction - 0.5L) < 1e-4L) return false;

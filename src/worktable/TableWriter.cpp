@@ -1,5 +1,6 @@
 #include "worktable/TableWriter.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "input/ColumnFormat.h"
@@ -43,11 +44,18 @@ void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char
     filling_->lengths.reserve(kBlockRows * kMaxColumns);
   }
   Block& block = *filling_;
-  block.rows.push_back(Row{stored, rowid, lineNumber, static_cast<int16_t>(count), static_cast<uint32_t>(block.lengths.size())});
+  const std::size_t first = block.lengths.size();
+  block.rows.push_back(Row{stored, rowid, lineNumber, static_cast<int16_t>(count), static_cast<uint32_t>(first)});
+  // The lengths in one sweep, checked once for the row: this runs for every
+  // cell of the file on the reading thread.
+  block.lengths.resize(first + static_cast<std::size_t>(count));
+  uint8_t* length = block.lengths.data() + first;
+  std::size_t longest = 0;
   for (int n = 0; n < count; ++n) {
-    Assert(cells[n].size() <= UINT8_MAX);
-    block.lengths.push_back(static_cast<uint8_t>(cells[n].size()));
+    longest = std::max(longest, cells[n].size());
+    length[n] = static_cast<uint8_t>(cells[n].size());
   }
+  Assert(longest <= UINT8_MAX);
   if (static_cast<int>(block.rows.size()) == kBlockRows) Hand(std::move(filling_));
 }
 
