@@ -57,6 +57,13 @@ class TablePagesTest : public testing::FreshProcess {
     return db;
   }
 
+  // A whole load of the lines into db's table.
+  static void Load(sqlite3* db, const std::vector<Line>& lines) {
+    TablePages pages(db);
+    Lay(pages, lines);
+    pages.Complete();
+  }
+
   // Lays the lines as rows 1, 2, ... of the table.
   static void Lay(TablePages& pages, const std::vector<Line>& lines) {
     long long rowid = 0;
@@ -167,11 +174,7 @@ TEST_F(TablePagesTest, RowsOfEveryShapeReadBackAsLaidAndTheFileIsWhole) {
   MakeDatabase();
   sqlite3* db = Open();
   const std::vector<Line> lines = LinesOfEveryShape(3000);
-  {
-    TablePages pages(db);
-    Lay(pages, lines);
-    pages.Complete();
-  }
+  Load(db, lines);
   EXPECT_EQ(Query(db, "PRAGMA integrity_check"), "ok");
   EXPECT_EQ(Rows(), Expected(lines));
   // Numbers stay numbers and cells texts, as an insert would store them.
@@ -186,11 +189,7 @@ TEST_F(TablePagesTest, SmallPagesMakeATreeOfThreeLevels) {
   std::vector<Line> lines;
   for (int k = 1; k <= 32767; ++k)
     lines.push_back(Line{static_cast<int16_t>(k), std::vector<std::string>(30, "cell " + std::to_string(k) + ".....")});
-  {
-    TablePages pages(db);
-    Lay(pages, lines);
-    pages.Complete();
-  }
+  Load(db, lines);
   EXPECT_EQ(Query(db, "PRAGMA integrity_check"), "ok");
   EXPECT_EQ(PageKind(2, 8192), 0x05);
   EXPECT_EQ(PageKind(RightChild(2, 8192), 8192), 0x05);
@@ -203,11 +202,7 @@ TEST_F(TablePagesTest, OneRowIsTheRootLeafOfATwoPageFile) {
   MakeDatabase();
   sqlite3* db = Open();
   const std::vector<Line> lines{{1, {"p1", "7", "DF"}}};
-  {
-    TablePages pages(db);
-    Lay(pages, lines);
-    pages.Complete();
-  }
+  Load(db, lines);
   EXPECT_EQ(Query(db, "PRAGMA integrity_check"), "ok");
   EXPECT_EQ(Query(db, "PRAGMA page_count"), "2");
   EXPECT_EQ(PageKind(2, 65536), 0x0D);
@@ -218,10 +213,7 @@ TEST_F(TablePagesTest, NoRowLeavesTheTableAsItWas) {
   MakeDatabase();
   const std::string before = testing::ReadFile(path);
   sqlite3* db = Open();
-  {
-    TablePages pages(db);
-    pages.Complete();
-  }
+  Load(db, {});
   EXPECT_EQ(testing::ReadFile(path), before);
   EXPECT_EQ(Query(db, "SELECT count(*) FROM tft"), "0");
 }
@@ -230,11 +222,7 @@ TEST_F(TablePagesTest, TheTableTakesChangesAfterTheLoad) {
   MakeDatabase();
   sqlite3* db = Open();
   const std::vector<Line> lines = LinesOfEveryShape(5000);
-  {
-    TablePages pages(db);
-    Lay(pages, lines);
-    pages.Complete();
-  }
+  Load(db, lines);
   ASSERT_EQ(sqlite3_exec(db,
                          "UPDATE tft SET c5 = 'changed' WHERE rowid % 2 = 0;"
                          "DELETE FROM tft WHERE rowid % 3 = 0;"
