@@ -163,9 +163,10 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         const long long rowid = image->Count() + 1;
         // The writer reads the cells where the image keeps them: before the
         // image's room would move them (a file grown since its size was
-        // taken), the rows handed over go in.
-        if (!image->ImageHasRoomFor(values.data())) writer->Drain();
-        const char* stored = image->AppendImageRow(rowid, values.data());
+        // taken), it takes the rows handed over.
+        const std::size_t length = image->ImageRowLength(values.data());
+        if (!image->ImageHasRoomFor(length)) writer->Drain();
+        const char* stored = image->AppendImageRow(rowid, values.data(), length);
         writer->Add(rowid, lineNumber, parsed.Count, stored + values[0].size(), values.data() + 1);
         if (Run().BusyCancelled) break;
       }

@@ -75,28 +75,20 @@ void RowStore::ReserveImage(long rows, std::size_t cellBytes) {
   arena_.reserve(cellBytes);
 }
 
-namespace {
-
-std::size_t RowLength(const std::string_view* values, std::size_t width) {
+std::size_t RowStore::ImageRowLength(const std::string_view* values) const {
   std::size_t length = 0;
-  for (std::size_t f = 0; f < width; ++f) length += values[f].size();
+  for (std::size_t f = 0; f < fields.size(); ++f) length += values[f].size();
   return length;
 }
 
-}  // namespace
-
-bool RowStore::ImageHasRoomFor(const std::string_view* values) const {
-  return arena_.capacity() - arena_.size() >= RowLength(values, fields.size());
-}
-
-const char* RowStore::AppendImageRow(long long rowid, const std::string_view* values) {
+const char* RowStore::AppendImageRow(long long rowid, const std::string_view* values, std::size_t length) {
   const std::size_t width = fields.size();
   rowids_.push_back(rowid);
   nullBits_.resize(nullBits_.size() + (width + 63) / 64, 0);
   edited_.push_back(-1);
   // The row's cells go in at once: one growth of the buffer per row.
   const std::size_t first = arena_.size();
-  arena_.resize(first + RowLength(values, width));
+  arena_.resize(first + length);
   const std::size_t firstStart = starts_.size();
   starts_.resize(firstStart + width + 1);
   uint32_t* start = starts_.data() + firstStart;

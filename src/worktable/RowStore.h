@@ -44,13 +44,16 @@ struct RowStore {
   // copies behind as holes a reload cannot reuse. Room that no row fills is
   // never touched, so it costs no memory.
   void ReserveImage(long rows, std::size_t cellBytes);
-  // One row of the image: its row id and every field's text (none is Null).
-  // Gives where the row's texts now lie, back to back in field order: they
-  // stay there as long as each later row is appended where there is room.
-  const char* AppendImageRow(long long rowid, const std::string_view* values);
-  // Whether a row of these values fits in the room taken, the rows before
-  // it staying where they are.
-  bool ImageHasRoomFor(const std::string_view* values) const;
+  // The bytes a row of these values takes in the image.
+  std::size_t ImageRowLength(const std::string_view* values) const;
+  // Whether a row of that length fits in the room taken, the rows before it
+  // staying where they are.
+  bool ImageHasRoomFor(std::size_t length) const { return arena_.capacity() - arena_.size() >= length; }
+  // One row of the image: its row id and every field's text (none is Null),
+  // length being ImageRowLength of them. Gives where the row's texts now
+  // lie, back to back in field order: they stay there as long as each later
+  // row is appended where there is room.
+  const char* AppendImageRow(long long rowid, const std::string_view* values, std::size_t length);
   // The select of a whole table: its image stays exact under its own edits.
   bool IsWholeTable() const;
 

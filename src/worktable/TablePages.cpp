@@ -104,6 +104,11 @@ int PutVarint(uint8_t* p, uint64_t v) {
   return n;
 }
 
+// A failure of SQLite's file methods, as the store's error.
+void Check(int rc) {
+  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+}
+
 [[noreturn]] void NotFresh(const std::string& what) {
   throw RuntimeError(err::DatabaseError, kSource, "tft is not the fresh table of the empty working database: " + what);
 }
@@ -148,9 +153,9 @@ void CheckSchema(sqlite3* db) {
 
 }  // namespace
 
-TablePages::TablePages(sqlite3* db) : db_(db) {
-  CheckSchema(db_);
-  if (sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file_) != SQLITE_OK || file_ == nullptr ||
+TablePages::TablePages(sqlite3* db) {
+  CheckSchema(db);
+  if (sqlite3_file_control(db, "main", SQLITE_FCNTL_FILE_POINTER, &file_) != SQLITE_OK || file_ == nullptr ||
       file_->pMethods == nullptr)
     NotFresh("the file is not open");
   try {
@@ -167,12 +172,9 @@ TablePages::TablePages(sqlite3* db) : db_(db) {
 // reads the table while it is built, nor writes the file under it. What the
 // file's header and the table's root page say is read under the first.
 void TablePages::LockAndCheckFile() {
-  int rc = file_->pMethods->xLock(file_, SQLITE_LOCK_SHARED);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+  Check(file_->pMethods->xLock(file_, SQLITE_LOCK_SHARED));
   locked_ = true;
-  uint8_t root[kLeafHeader] = {};
-  rc = file_->pMethods->xRead(file_, header_, sizeof header_, 0);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+  Check(file_->pMethods->xRead(file_, header_, sizeof header_, 0));
   const uint32_t size = Get16(header_ + 16);
   pageSize_ = size == 1 ? 65536 : size;
   if (std::memcmp(header_, "SQLite format 3", 16) != 0 || header_[18] != 1 || header_[19] != 1)
@@ -184,12 +186,11 @@ void TablePages::LockAndCheckFile() {
   if (Get32(header_ + kFreelistTrunk) != 0 || Get32(header_ + kFreelistCount) != 0 ||
       Get32(header_ + kLargestRootPage) != 0 || Get32(header_ + kTextEncoding) != 1)
     NotFresh("the file has free pages, keeps pages for vacuuming or stores text other than UTF-8");
-  rc = file_->pMethods->xRead(file_, root, sizeof root, pageSize_);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+  uint8_t root[kLeafHeader] = {};
+  Check(file_->pMethods->xRead(file_, root, sizeof root, pageSize_));
   if (root[0] != kLeafTablePage || Get16(root + 3) != 0) NotFresh("it is not empty");
-  rc = file_->pMethods->xLock(file_, SQLITE_LOCK_RESERVED);
-  if (rc == SQLITE_OK) rc = file_->pMethods->xLock(file_, SQLITE_LOCK_EXCLUSIVE);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+  Check(file_->pMethods->xLock(file_, SQLITE_LOCK_RESERVED));
+  Check(file_->pMethods->xLock(file_, SQLITE_LOCK_EXCLUSIVE));
 }
 
 TablePages::~TablePages() { Unlock(); }
@@ -199,10 +200,8 @@ void TablePages::Unlock() {
   locked_ = false;
 }
 
-void TablePages::Write(uint32_t page, const uint8_t* bytes, std::size_t size, std::size_t offset) {
-  const sqlite3_int64 at = static_cast<sqlite3_int64>(page - 1) * pageSize_ + static_cast<sqlite3_int64>(offset);
-  const int rc = file_->pMethods->xWrite(file_, bytes, static_cast<int>(size), at);
-  if (rc != SQLITE_OK) throw RuntimeError(err::DatabaseError, kSource, sqlite3_errstr(rc));
+void TablePages::Write(uint32_t page, const uint8_t* bytes, std::size_t size) {
+  Check(file_->pMethods->xWrite(file_, bytes, static_cast<int>(size), static_cast<sqlite3_int64>(page - 1) * pageSize_));
 }
 
 void TablePages::StartLeaf() {
@@ -223,13 +222,7 @@ void TablePages::Append(long long rowid, int16_t lineNumber, int count, const ch
   header[used++] = oneByte ? 1 : 2;
   uint32_t textBytes = 0;
   for (int n = 0; n < count; ++n) {
-    const uint32_t type = 2 * uint32_t{lengths[n]} + 13;
-    if (type <= 0x7f) {
-      header[used++] = static_cast<uint8_t>(type);
-    } else {
-      header[used++] = static_cast<uint8_t>(0x80 | (type >> 7));
-      header[used++] = static_cast<uint8_t>(type & 0x7f);
-    }
+    used += PutVarint(header + used, 2 * uint64_t{lengths[n]} + 13);
     textBytes += lengths[n];
   }
   std::memset(header + used, 13, static_cast<std::size_t>(kMaxColumns - count));

@@ -47,13 +47,12 @@ class TablePages {
   };
 
   void LockAndCheckFile();
-  void Write(uint32_t page, const uint8_t* bytes, std::size_t size, std::size_t offset = 0);
+  void Write(uint32_t page, const uint8_t* bytes, std::size_t size);
   void StartLeaf();
   void WriteLeaf(uint32_t number);
   void WriteInterior(uint32_t page, const Child* children, std::size_t count);
   void Unlock();
 
-  sqlite3* db_;
   sqlite3_file* file_ = nullptr;
   bool locked_ = false;
   bool complete_ = false;
