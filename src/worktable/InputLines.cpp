@@ -42,6 +42,7 @@ InputLines::InputLines(const std::string& path, std::size_t longestLine) : longe
 InputLines InputLines::FromText(std::string text, std::size_t longestLine) {
   InputLines lines;
   lines.knownSize_ = text.size();
+  lines.held_ = text.size();
   lines.buffer_ = std::move(text);
   lines.longestLine_ = longestLine;
   return lines;
@@ -60,6 +61,7 @@ InputLines& InputLines::operator=(InputLines&& other) noexcept {
     longestLine_ = other.longestLine_;
     knownSize_ = other.knownSize_;
     buffer_ = std::move(other.buffer_);
+    held_ = other.held_;
     position_ = other.position_;
   }
   return *this;
@@ -72,28 +74,27 @@ InputLines::~InputLines() {
 bool InputLines::Fill() {
   if (endOfFile_) return false;
   // What was handed out goes, so the buffer holds at most the line in hand.
-  buffer_.erase(0, position_);
+  const std::size_t kept = held_ - position_;
+  if (position_ > 0 && kept > 0) std::memmove(buffer_.data(), buffer_.data() + position_, kept);
+  held_ = kept;
   position_ = 0;
-  const std::size_t held = buffer_.size();
-  buffer_.resize(held + kReadSize);
+  // The room read into is made once and kept: clearing it before each read
+  // would cost as much as the read.
+  if (buffer_.size() < held_ + kReadSize) buffer_.resize(held_ + kReadSize);
   ssize_t got;
   do {
-    got = ::read(fd_, buffer_.data() + held, kReadSize);
+    got = ::read(fd_, buffer_.data() + held_, kReadSize);
   } while (got < 0 && errno == EINTR);
-  if (got < 0) {
-    // A folder opens but cannot be read.
-    const int code = errno;
-    buffer_.resize(held);
-    RaiseFileError(code);
-  }
-  buffer_.resize(held + static_cast<std::size_t>(got));
+  // A folder opens but cannot be read.
+  if (got < 0) RaiseFileError(errno);
+  held_ += static_cast<std::size_t>(got);
   if (got == 0) endOfFile_ = true;
   return got > 0;
 }
 
 bool InputLines::AtEnd() {
   if (tooLong_) return true;
-  while (position_ >= buffer_.size()) {
+  while (position_ >= held_) {
     if (!Fill()) return true;
   }
   return false;
@@ -101,9 +102,9 @@ bool InputLines::AtEnd() {
 
 void InputLines::SkipByteOrderMark() {
   if (started_) return;
-  while (buffer_.size() < kUtf8ByteOrderMark.size() && Fill()) {
+  while (held_ < kUtf8ByteOrderMark.size() && Fill()) {
   }
-  if (std::string_view(buffer_).substr(0, kUtf8ByteOrderMark.size()) == kUtf8ByteOrderMark)
+  if (Held().substr(0, kUtf8ByteOrderMark.size()) == kUtf8ByteOrderMark)
     position_ = kUtf8ByteOrderMark.size();
   started_ = true;
 }
@@ -112,7 +113,7 @@ namespace {
 
 // Where the line that goes on at `from` ends: its first CR or LF, or the end
 // of what is held. The library's byte search does it a word at a time.
-std::size_t LineEnd(const std::string& text, std::size_t from) {
+std::size_t LineEnd(std::string_view text, std::size_t from) {
   const char* begin = text.data() + from;
   const std::size_t rest = text.size() - from;
   const void* lineFeed = std::memchr(begin, '\n', rest);
@@ -129,29 +130,29 @@ void InputLines::Next(std::string_view& line) {
   started_ = true;
   std::size_t end = position_;
   for (;;) {
-    end = LineEnd(buffer_, end);
+    end = LineEnd(Held(), end);
     if (end - position_ > longestLine_) {
       // The line cannot be counted: what is in hand is enough to say so.
       tooLong_ = true;
-      line = std::string_view(buffer_).substr(position_, longestLine_ + 1);
+      line = Held().substr(position_, longestLine_ + 1);
       return;
     }
-    if (end < buffer_.size()) break;
+    if (end < held_) break;
     // Filling moves the text in hand to the front of the buffer.
     const std::size_t scanned = end - position_;
     if (!Fill()) break;
     end = position_ + scanned;
   }
   // A CR at the end of what is held may be the first half of CR LF.
-  if (end < buffer_.size() && buffer_[end] == '\r' && end + 1 == buffer_.size()) {
+  if (end < held_ && buffer_[end] == '\r' && end + 1 == held_) {
     const std::size_t lineLength = end - position_;
     Fill();
     end = position_ + lineLength;
   }
-  line = std::string_view(buffer_).substr(position_, end - position_);
+  line = Held().substr(position_, end - position_);
   position_ = end;
-  if (position_ < buffer_.size()) {
-    if (buffer_[position_] == '\r' && position_ + 1 < buffer_.size() && buffer_[position_ + 1] == '\n')
+  if (position_ < held_) {
+    if (buffer_[position_] == '\r' && position_ + 1 < held_ && buffer_[position_ + 1] == '\n')
       position_ += 2;
     else
       ++position_;

@@ -60,7 +60,11 @@ class InputLines {
   bool started_ = false;
   std::size_t longestLine_ = kNoLimit;
   std::size_t knownSize_ = 0;
+  // What is read and not yet handed out: the first held_ bytes of buffer_.
+  std::string_view Held() const { return {buffer_.data(), held_}; }
+
   std::string buffer_;
+  std::size_t held_ = 0;
   std::size_t position_ = 0;
 };
 
