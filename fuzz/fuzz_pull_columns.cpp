@@ -3,14 +3,15 @@
 // mode, the delimiters and the markers; the rest is an input file cut into
 // lines. Whatever the line, PullColumns gives at most 30 cells and nothing
 // past its count, the same cells from the text as from the input preview,
-// and in the two modes that lose nothing the cells add up to the line. The
-// only failures are the overflow of a too long delimited line and markers
-// out of order.
+// the load's cut gives them cleaned, and in the two modes that lose nothing
+// the cells add up to the line. The only failures are the overflow of a too
+// long delimited line and markers out of order.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "FuzzSupport.h"
 #include "input/PullColumns.h"
@@ -39,6 +40,14 @@ ColumnFormat ChooseFormat(FuzzedDataProvider& in, Mode mode) {
   // The load sorts the markers; the preview shows them as the user made them.
   if (in.ConsumeBool()) format.Markers.Sort();
   return format;
+}
+
+// A cell as the working table takes it, worked out the plain way: spaces
+// trimmed from both ends, then the first 100 characters.
+std::string_view Cleaned(std::string_view cell) {
+  while (!cell.empty() && cell.front() == ' ') cell.remove_prefix(1);
+  while (!cell.empty() && cell.back() == ' ') cell.remove_suffix(1);
+  return cell.substr(0, kMaxCellLength);
 }
 
 bool MarkersAscendFromZero(const ColumnMarkerList& markers) {
@@ -91,8 +100,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     Require(parsed.Count >= least && parsed.Count <= kMaxColumns, "the cell count is out of range");
     for (int n = parsed.Count + 1; n <= kMaxColumns; ++n)
       Require(parsed.Column(n).empty(), "a cell past the count holds text");
+    // The load's cut gives the same cells, each cleaned.
+    CleanedCells cleaned;
+    splitter.CutCleaned(text, cleaned);
+    Require(cleaned.Count == parsed.Count, "the cleaned cut counts other cells");
     for (int n = 1; n <= kMaxColumns; ++n)
-      Require(CleanCell(parsed.Column(n)).size() <= kMaxCellLength, "a clean cell is longer than 100");
+      Require(cleaned.Cell(n - 1) == Cleaned(parsed.Column(n)), "a cleaned cell is not the cut's cell cleaned");
 
     const ParsedLine fromPreview = PullColumns(format, static_cast<int16_t>(i + 1), "ignored");
     Require(fromPreview.Count == parsed.Count && fromPreview.Columns == parsed.Columns,

@@ -1,6 +1,7 @@
 #include "input/PullColumns.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "shell/Error.h"
 #include "shell/Failure.h"
@@ -88,124 +89,279 @@ void LineSplitter::Split(std::string_view line, ParsedLine& out) const {
   out.Count = cells.Count;
 }
 
-void LineSplitter::Cut(std::string_view line, LineCells& out) const {
-  out.Rebuilt.clear();
-  if (format_.FixedWidth) {
-    FixedSplit(line, out);
-  } else {
-    // The scan counts positions in 16 bits and steps one past the last
-    // character: a line this long cannot be counted.
-    if (line.size() > kLongestDelimitedLine) Raise(err::Overflow);
-    if (qualified_ && line.find(qualifier_) == std::string_view::npos)
-      UnquotedQualifierSplit(line, out);
-    else if (qualified_)
-      QualifierSplit(line, out);
-    else
-      PlainSplit(line, out);
+namespace {
+
+// SplitAtDelimiters without a character that opens a quoted cell.
+constexpr int kNoOpener = -1;
+
+// A cell of LineCells gathered from pieces of the line: while the pieces
+// follow each other the cell stays a piece of the line; once a qualifier is
+// left out between them, the cell is copied into the line's rebuilt text.
+// The rebuilt text holds at most the line's characters, and room for them is
+// made at the line's start, so the cells taken from it never move.
+class CellViews {
+ public:
+  CellViews(const LineSplitter& splitter, std::string_view line, LineCells& out) : splitter_(splitter), out_(out) {
+    out_.Rebuilt.clear();
+    out_.Rebuilt.reserve(line.size());
   }
-  for (auto slot = static_cast<std::size_t>(out.Count); slot < out.Cells.size(); ++slot) out.Cells[slot] = {};
+
+  int Count() const { return count_; }
+
+  void Piece(std::string_view piece) {
+    if (piece.empty()) return;
+    if (!copied_) {
+      if (cell_.empty()) {
+        cell_ = piece;
+        return;
+      }
+      if (piece.data() == cell_.data() + cell_.size()) {
+        cell_ = std::string_view(cell_.data(), cell_.size() + piece.size());
+        return;
+      }
+      copied_ = true;
+      copyStart_ = out_.Rebuilt.size();
+      out_.Rebuilt.append(cell_);
+    }
+    out_.Rebuilt.append(piece);
+  }
+
+  // The text from from up to the next delimiter joins the cell; gives where
+  // it stops.
+  std::size_t Run(std::string_view line, std::size_t from) {
+    std::size_t end = from;
+    while (end < line.size() && !splitter_.IsDelimiter(line[end])) ++end;
+    Piece(line.substr(from, end - from));
+    return end;
+  }
+
+  std::size_t SplitAtDelimiters(std::string_view line, std::size_t from, int most, int opener) {
+    std::size_t i = from;
+    while (i < line.size() && static_cast<unsigned char>(line[i]) != opener) {
+      i = Run(line, i);
+      if (i == line.size()) break;
+      EndCell();
+      ++i;
+      if (count_ == most) break;
+    }
+    return i;
+  }
+
+  void EndCell() {
+    out_.Cells[static_cast<std::size_t>(count_++)] =
+        copied_ ? std::string_view(out_.Rebuilt).substr(copyStart_) : cell_;
+    cell_ = {};
+    copied_ = false;
+  }
+
+  // Cells past the line's last are empty.
+  void Close() {
+    out_.Count = static_cast<int16_t>(count_);
+    for (auto slot = static_cast<std::size_t>(count_); slot < out_.Cells.size(); ++slot) out_.Cells[slot] = {};
+  }
+
+ private:
+  const LineSplitter& splitter_;
+  LineCells& out_;
+  int count_ = 0;
+  std::string_view cell_;
+  bool copied_ = false;
+  std::size_t copyStart_ = 0;
+};
+
+// The cells of CleanedCells, each piece copied once: spaces before a cell's
+// first other character are never copied, those after its last are taken
+// back when the cell ends, and then it is cut to its first 100 characters.
+// The pieces of a line never overlap, so the line's length is room enough;
+// the room is checked all the same, as a copy must never run past it. The
+// text up to a delimiter, most of a file, is copied as it is scanned.
+class CleanedWriter {
+ public:
+  CleanedWriter(const LineSplitter& splitter, std::string_view line, CleanedCells& out)
+      : splitter_(splitter), out_(out) {
+    if (out_.Text.size() < line.size()) out_.Text.resize(line.size());
+    text_ = out_.Text.data();
+  }
+
+  int Count() const { return count_; }
+
+  void Piece(std::string_view piece) {
+    if (at_ == cellStart_) {
+      std::size_t blanks = 0;
+      while (blanks < piece.size() && piece[blanks] == ' ') ++blanks;
+      piece.remove_prefix(blanks);
+    }
+    if (piece.empty()) return;
+    MakeRoom(piece.size());
+    std::memcpy(text_ + at_, piece.data(), piece.size());
+    at_ += piece.size();
+  }
+
+  std::size_t Run(std::string_view line, std::size_t from) {
+    const char* text = line.data();
+    const std::size_t length = line.size();
+    std::size_t i = from;
+    // A space that cuts is no part of a cell; one that does not is left out
+    // only before the cell's first other character.
+    if (at_ == cellStart_ && !splitter_.IsDelimiter(' '))
+      while (i < length && text[i] == ' ') ++i;
+    MakeRoom(length - i);
+    char* out = text_ + at_;
+    const char* const first = text + i;
+    while (i < length && !splitter_.IsDelimiter(text[i])) *out++ = text[i++];
+    at_ += static_cast<std::size_t>(text + i - first);
+    return i;
+  }
+
+  // The cells up to a delimiter, each taken as it is scanned: most of a
+  // file goes through here, one test of each character.
+  std::size_t SplitAtDelimiters(std::string_view line, std::size_t from, int most, int opener) {
+    const char* text = line.data();
+    const std::size_t length = line.size();
+    MakeRoom(length - from);
+    char* const base = text_;
+    char* out = base + at_;
+    char* start = out;
+    int count = count_;
+    std::size_t i = from;
+    std::size_t first = from;
+    for (; i < length; ++i) {
+      const char c = text[i];
+      if (splitter_.IsDelimiter(c)) {
+        // A qualifier that also cuts still opens a cell.
+        if (i == first && static_cast<unsigned char>(c) == opener) break;
+        while (out > start && out[-1] == ' ') --out;
+        out = std::min(out, start + kMaxCellLength);
+        out_.Ends[static_cast<std::size_t>(count++)] = static_cast<uint32_t>(out - base);
+        start = out;
+        first = i + 1;
+        if (count == most) {
+          ++i;
+          break;
+        }
+      } else if (i == first && static_cast<unsigned char>(c) == opener) {
+        break;
+      } else if (c != ' ' || out != start) {
+        *out++ = c;
+      }
+    }
+    at_ = static_cast<std::size_t>(out - base);
+    cellStart_ = static_cast<std::size_t>(start - base);
+    count_ = count;
+    return i;
+  }
+
+  void EndCell() {
+    while (at_ > cellStart_ && text_[at_ - 1] == ' ') --at_;
+    at_ = std::min(at_, cellStart_ + kMaxCellLength);
+    out_.Ends[static_cast<std::size_t>(count_++)] = static_cast<uint32_t>(at_);
+    cellStart_ = at_;
+  }
+
+  void MakeRoom(std::size_t n) {
+    if (n <= out_.Text.size() - at_) return;
+    out_.Text.resize(at_ + n);
+    text_ = out_.Text.data();
+  }
+
+  // Cells past the line's last are empty: they end where the last one does.
+  void Close() {
+    out_.Count = static_cast<int16_t>(count_);
+    for (auto slot = static_cast<std::size_t>(count_); slot < out_.Ends.size(); ++slot)
+      out_.Ends[slot] = static_cast<uint32_t>(at_);
+  }
+
+ private:
+  const LineSplitter& splitter_;
+  CleanedCells& out_;
+  char* text_;
+  std::size_t at_ = 0;
+  std::size_t cellStart_ = 0;
+  int count_ = 0;
+};
+
+}  // namespace
+
+void LineSplitter::Cut(std::string_view line, LineCells& out) const {
+  CellViews cells(*this, line, out);
+  CutInto(line, cells);
+  cells.Close();
+}
+
+void LineSplitter::CutCleaned(std::string_view line, CleanedCells& out) const {
+  CleanedWriter cells(*this, line, out);
+  CutInto(line, cells);
+  cells.Close();
+}
+
+template <class Cells>
+void LineSplitter::CutInto(std::string_view line, Cells& cells) const {
+  if (format_.FixedWidth) {
+    FixedSplit(line, cells);
+    return;
+  }
+  // The scan counts positions in 16 bits and steps one past the last
+  // character: a line this long cannot be counted.
+  if (line.size() > kLongestDelimitedLine) Raise(err::Overflow);
+  if (qualified_ && line.find(qualifier_) == std::string_view::npos)
+    UnquotedQualifierSplit(line, cells);
+  else if (qualified_)
+    QualifierSplit(line, cells);
+  else
+    PlainSplit(line, cells);
 }
 
 // Every separator makes a cell, the last cell is always made (even when
 // empty), and a run of delimiters counts as one only after the first of them:
 // a delimiter in first position always makes an empty first cell.
-void LineSplitter::PlainSplit(std::string_view line, LineCells& out) const {
+template <class Cells>
+void LineSplitter::PlainSplit(std::string_view line, Cells& cells) const {
   const std::size_t length = line.size();
-  std::size_t cellStart = 0;
-  bool inRun = false;
-  int count = 0;
-  for (std::size_t i = 0; i < length && count < kMaxSplits; ++i) {
-    if (IsDelimiter(line[i])) {
-      if (format_.ConsecutiveAsOne && inRun) {
-        cellStart = i + 1;
-      } else {
+  std::size_t i = 0;
+  if (!format_.ConsecutiveAsOne) {
+    i = cells.SplitAtDelimiters(line, 0, kMaxSplits, kNoOpener);
+  } else {
+    bool inRun = false;
+    while (i < length && cells.Count() < kMaxSplits) {
+      if (!IsDelimiter(line[i])) {
+        inRun = false;
+        i = cells.Run(line, i);
+        continue;
+      }
+      if (!inRun) {
         inRun = true;
-        out.Cells[static_cast<std::size_t>(count++)] = line.substr(cellStart, i - cellStart);
-        cellStart = i + 1;
+        cells.EndCell();
       }
-    } else {
-      inRun = false;
+      ++i;
     }
   }
-  out.Cells[static_cast<std::size_t>(count++)] = line.substr(cellStart);
-  out.Count = static_cast<int16_t>(count);
+  cells.Piece(line.substr(i));
+  cells.EndCell();
 }
-
-namespace {
-
-// One cell of a qualified line gathered from runs of the line: while the runs
-// follow each other the cell stays a piece of the line; once a qualifier is
-// left out between them, the cell is copied into the line's rebuilt text.
-// The rebuilt text holds at most the line's characters, and room for them is
-// made at the line's start, so the cells taken from it never move.
-class CellRuns {
- public:
-  CellRuns(std::string_view line, std::string& rebuilt) : line_(line), rebuilt_(rebuilt) {
-    rebuilt_.reserve(line.size());
-  }
-
-  void Add(std::size_t from, std::size_t to) {
-    if (from == to) return;
-    if (!copied_) {
-      if (begin_ == end_) {
-        begin_ = from;
-        end_ = to;
-        return;
-      }
-      if (from == end_) {
-        end_ = to;
-        return;
-      }
-      copied_ = true;
-      copyStart_ = rebuilt_.size();
-      rebuilt_.append(line_.substr(begin_, end_ - begin_));
-    }
-    rebuilt_.append(line_.substr(from, to - from));
-  }
-
-  std::string_view Take() {
-    const std::string_view cell = copied_ ? std::string_view(rebuilt_).substr(copyStart_)
-                                          : line_.substr(begin_, end_ - begin_);
-    begin_ = end_ = 0;
-    copied_ = false;
-    return cell;
-  }
-
- private:
-  std::string_view line_;
-  std::string& rebuilt_;
-  std::size_t begin_ = 0;
-  std::size_t end_ = 0;
-  bool copied_ = false;
-  std::size_t copyStart_ = 0;
-};
-
-}  // namespace
 
 // A qualifier opens a cell only as its first character; inside, a doubled
 // qualifier stands for one, and text after the closing one joins the cell. A
 // delimiter where a cell would start makes an empty cell, or none with
 // consecutive-as-one, and a line that ends there makes no trailing cell.
-void LineSplitter::QualifierSplit(std::string_view line, LineCells& out) const {
+template <class Cells>
+void LineSplitter::QualifierSplit(std::string_view line, Cells& cells) const {
   enum class State { FieldStart, InQuotes, InField };
   const std::size_t length = line.size();
   const char q = qualifier_;
   State state = State::FieldStart;
-  int count = 0;
-  CellRuns cell(line, out.Rebuilt);
-  const auto makeCell = [&] {
-    out.Cells[static_cast<std::size_t>(count)] = cell.Take();
-    ++count;
-  };
   std::size_t i = 0;
-  while (i < length && count < kMaxSplits) {
+  while (i < length && cells.Count() < kMaxSplits) {
     switch (state) {
       case State::FieldStart:
         if (line[i] == q) {
           state = State::InQuotes;
           ++i;
+        } else if (!format_.ConsecutiveAsOne) {
+          // Up to a cell that the qualifier opens, the cells are cut as in
+          // a line without it.
+          i = cells.SplitAtDelimiters(line, i, kMaxSplits, static_cast<unsigned char>(q));
+          if (i == length && !IsDelimiter(line[length - 1])) state = State::InField;
         } else if (IsDelimiter(line[i])) {
-          if (!format_.ConsecutiveAsOne) makeCell();
           ++i;
         } else {
           state = State::InField;
@@ -215,14 +371,14 @@ void LineSplitter::QualifierSplit(std::string_view line, LineCells& out) const {
         // Up to the next qualifier the text is the cell's as it stands.
         std::size_t end = line.find(q, i);
         if (end == std::string_view::npos) end = length;
-        cell.Add(i, end);
+        cells.Piece(line.substr(i, end - i));
         i = end;
         if (i == length) break;
         if (i + 1 == length) {
           // A qualifier as the line's last character closes nothing.
           ++i;
         } else if (line[i + 1] == q) {
-          cell.Add(i, i + 1);
+          cells.Piece(line.substr(i, 1));
           i += 2;
         } else {
           state = State::InField;
@@ -232,12 +388,9 @@ void LineSplitter::QualifierSplit(std::string_view line, LineCells& out) const {
       }
       case State::InField: {
         // A cell runs to the next delimiter, qualifiers and all.
-        std::size_t end = i;
-        while (end < length && !IsDelimiter(line[end])) ++end;
-        cell.Add(i, end);
-        i = end;
+        i = cells.Run(line, i);
         if (i < length) {
-          makeCell();
+          cells.EndCell();
           state = State::FieldStart;
           ++i;
         }
@@ -245,75 +398,69 @@ void LineSplitter::QualifierSplit(std::string_view line, LineCells& out) const {
       }
     }
   }
-  if (i < length && count == kMaxSplits) {
+  if (i < length && cells.Count() == kMaxSplits) {
     // The rest of a long line goes into cell 30 as it stands, qualifiers and all.
-    cell.Add(i, length);
-    out.Cells[static_cast<std::size_t>(count)] = cell.Take();
-    count = kMaxColumns;
+    cells.Piece(line.substr(i));
+    cells.EndCell();
   } else if (state != State::FieldStart) {
-    makeCell();
+    cells.EndCell();
   }
-  out.Count = static_cast<int16_t>(count);
 }
 
 // QualifierSplit of a line in which the qualifier does not occur, as most
 // lines of a survey file are: the same cells, each taken in one piece.
-void LineSplitter::UnquotedQualifierSplit(std::string_view line, LineCells& out) const {
+template <class Cells>
+void LineSplitter::UnquotedQualifierSplit(std::string_view line, Cells& cells) const {
   const char* text = line.data();
   const std::size_t length = line.size();
-  int count = 0;
   std::size_t i = 0;
-  std::string_view cell;
-  const auto makeCell = [&] {
-    out.Cells[static_cast<std::size_t>(count)] = cell;
-    cell = {};
-    ++count;
-  };
   bool inField = false;
-  while (i < length && count < kMaxSplits) {
+  if (!format_.ConsecutiveAsOne) {
+    i = cells.SplitAtDelimiters(line, 0, kMaxSplits, kNoOpener);
+    inField = i == length && length > 0 && !IsDelimiter(text[length - 1]);
+  }
+  while (i < length && cells.Count() < kMaxSplits) {
     if (IsDelimiter(text[i])) {
-      if (!format_.ConsecutiveAsOne) makeCell();
       ++i;
       continue;
     }
     // A cell runs to the next delimiter.
-    std::size_t end = i + 1;
-    while (end < length && !IsDelimiter(text[end])) ++end;
-    cell = line.substr(i, end - i);
-    i = end;
+    i = cells.Run(line, i);
     if (i < length) {
-      makeCell();
+      cells.EndCell();
       ++i;
     } else {
       inField = true;
     }
   }
-  if (i < length && count == kMaxSplits) {
+  if (i < length && cells.Count() == kMaxSplits) {
     // The rest of a long line goes into cell 30 as it stands.
-    out.Cells[static_cast<std::size_t>(count)] = line.substr(i);
-    count = kMaxColumns;
+    cells.Piece(line.substr(i));
+    cells.EndCell();
   } else if (inField) {
-    makeCell();
+    cells.EndCell();
   }
-  out.Count = static_cast<int16_t>(count);
 }
 
 // Markers are used as they stand: the load sorts them first, the preview
 // shows them in the order the user made them. Without any marker the first
 // cell is cut at marker 1's position all the same, so the count is never
 // below 2.
-void LineSplitter::FixedSplit(std::string_view line, LineCells& out) const {
+template <class Cells>
+void LineSplitter::FixedSplit(std::string_view line, Cells& cells) const {
   const ColumnMarkerList& markers = format_.Markers;
   const long long first = markers.ColumnMarkers(1);
   if (first < 0) Raise(err::InvalidProcedureCall);
-  out.Cells[0] = line.substr(0, std::min<std::size_t>(static_cast<std::size_t>(first), line.size()));
+  cells.Piece(line.substr(0, std::min<std::size_t>(static_cast<std::size_t>(first), line.size())));
+  cells.EndCell();
   int n = 2;
   for (; n <= markers.NumMarkers; ++n) {
     const long long from = markers.ColumnMarkers(n - 1);
-    out.Cells[static_cast<std::size_t>(n - 1)] = Mid(line, from, markers.ColumnMarkers(n) - from);
+    cells.Piece(Mid(line, from, markers.ColumnMarkers(n) - from));
+    cells.EndCell();
   }
-  out.Cells[static_cast<std::size_t>(n - 1)] = MidToEnd(line, markers.ColumnMarkers(n - 1));
-  out.Count = static_cast<int16_t>(n);
+  cells.Piece(MidToEnd(line, markers.ColumnMarkers(n - 1)));
+  cells.EndCell();
 }
 
 bool IsDelimiter(const std::string& delimiters, char ch) {

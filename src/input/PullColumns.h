@@ -4,7 +4,6 @@
 // a time and touches no file.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -32,6 +31,23 @@ struct LineCells {
   std::string Rebuilt;  // the cells that are not one piece of the line
 };
 
+// The cells of one line as they go into the working table, each cleaned
+// (spaces, and only spaces, trimmed from both ends, then cut to its first
+// 100 characters) and written back to back into Text: the load's way, which
+// copies each piece of a cell once, with no pass over the cells after the
+// cut.
+struct CleanedCells {
+  std::string Text;  // the cells from its start; past Length, room kept for the next line
+  std::array<uint32_t, kMaxColumns> Ends{};  // entry 0: where column 1 ends in Text; past Count, Length
+  int16_t Count = 0;
+
+  std::size_t Length() const { return Ends[kMaxColumns - 1]; }
+  std::string_view Cell(int slot) const {
+    const uint32_t start = slot == 0 ? 0 : Ends[static_cast<std::size_t>(slot - 1)];
+    return std::string_view(Text).substr(start, Ends[static_cast<std::size_t>(slot)] - start);
+  }
+};
+
 // The cutting rules of one format, prepared once and used for many lines.
 class LineSplitter {
  public:
@@ -45,15 +61,28 @@ class LineSplitter {
   // for a delimited line too long to count its positions, and the invalid
   // argument error (5) for fixed width markers out of order.
   void Split(std::string_view line, ParsedLine& out) const;
-  // The same cut, the cells left where they lie: the load's way, which
-  // copies each cell once, into the working table's rows.
+  // The same cut, the cells left where they lie.
   void Cut(std::string_view line, LineCells& out) const;
+  // The same cut with each cell cleaned, the cells copied into out.Text;
+  // the same failures. The load's way: it copies each cell once.
+  void CutCleaned(std::string_view line, CleanedCells& out) const;
 
  private:
-  void PlainSplit(std::string_view line, LineCells& out) const;
-  void QualifierSplit(std::string_view line, LineCells& out) const;
-  void UnquotedQualifierSplit(std::string_view line, LineCells& out) const;
-  void FixedSplit(std::string_view line, LineCells& out) const;
+  // The cutting rules, one for each way of cutting, for both ways of
+  // keeping the cells (PullColumns.cpp): a cell is gathered from pieces of
+  // the line, given to cells.Piece or scanned up to a delimiter by
+  // cells.Run, and made by cells.EndCell; cells.SplitAtDelimiters makes the
+  // cells of a stretch of the line in which every delimiter ends one.
+  template <class Cells>
+  void CutInto(std::string_view line, Cells& cells) const;
+  template <class Cells>
+  void PlainSplit(std::string_view line, Cells& cells) const;
+  template <class Cells>
+  void QualifierSplit(std::string_view line, Cells& cells) const;
+  template <class Cells>
+  void UnquotedQualifierSplit(std::string_view line, Cells& cells) const;
+  template <class Cells>
+  void FixedSplit(std::string_view line, Cells& cells) const;
 
   ColumnFormat format_;
   char qualifier_ = 0;
@@ -67,16 +96,5 @@ bool IsDelimiter(const std::string& delimiters, char ch);
 // The cells of a line. lineIndex -1: the line is lineText; any other value:
 // the line is entry lineIndex of the input preview, lineText being ignored.
 ParsedLine PullColumns(const ColumnFormat& format, int16_t lineIndex, std::string_view lineText);
-
-// A cell on its way to the working table: spaces (only spaces) trimmed from
-// both ends, then cut to its first 100 characters. Inline: the load cleans
-// every cell of the file.
-inline std::string_view CleanCell(std::string_view cell) {
-  std::size_t b = 0;
-  std::size_t e = cell.size();
-  while (b < e && cell[b] == ' ') ++b;
-  while (e > b && cell[e - 1] == ' ') --e;
-  return cell.substr(b, std::min(e - b, kMaxCellLength));
-}
 
 }  // namespace corvalin

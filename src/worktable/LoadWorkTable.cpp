@@ -18,6 +18,7 @@
 #include "shell/RunState.h"
 #include "shell/Toolkit.h"
 #include "worktable/Connection.h"
+#include "worktable/PagesAhead.h"
 #include "worktable/RowStore.h"
 #include "worktable/clsDBEngine.h"
 #include "worktable/RunInput.h"
@@ -116,7 +117,7 @@ class LoadLinesSource {
 void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   LoadLinesSource input(inputPath);
   const LineSplitter splitter(format);
-  LineCells parsed;
+  CleanedCells parsed;
   clsDBEngine& engine = DatabaseEngine();
 
   // The rows as the table now holds them, kept as they are inserted: the
@@ -134,9 +135,15 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
   constexpr std::size_t kCellBytesReservedAtMost = std::size_t{64} << 20;
   image->ReserveImage(static_cast<long>(kRowsAtMost),
                       std::min(input.KnownSize(), kCellBytesReservedAtMost) + kRowsAtMost * kMarksPerRow);
-  std::array<std::string_view, kMaxColumns + 2> values{};
-  values[kMaxColumns + 1] = "N";
+  // A row of the image is its line number, its cells and its mark "N": the
+  // cells' ends, the line number's length added, and the mark's end after.
+  std::array<uint32_t, kMaxColumns + 2> ends{};
   char lineText[8];
+  // Once the first lines tell how long a line of this file is, the room the
+  // rest of them will fill is mapped on a thread of its own.
+  constexpr long kLinesMeasured = 256;
+  std::size_t bytesMeasured = 0;
+  PagesAhead pagesAhead;
 
   // What was loaded before a Cancel or a failure goes into the table all
   // the same, so those rows stay.
@@ -153,21 +160,32 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
         input.Next(line);
         RefuseNullCharacter(line, lineNumber);
         RefuseLineTooLong(line);
-        splitter.Cut(line, parsed);
+        splitter.CutCleaned(line, parsed);
         if (parsed.Count > Run().ColumnCount) Run().ColumnCount = parsed.Count;
-        // Cells past the line's last are empty, and stored so.
-        for (std::size_t cell = 0; cell < parsed.Cells.size(); ++cell) values[cell + 1] = CleanCell(parsed.Cells[cell]);
         const auto digits = std::to_chars(lineText, lineText + sizeof lineText, lineNumber);
-        values[0] = std::string_view(lineText, static_cast<std::size_t>(digits.ptr - lineText));
+        const std::string_view number(lineText, static_cast<std::size_t>(digits.ptr - lineText));
+        const auto cellsStart = static_cast<uint32_t>(number.size());
+        ends[0] = cellsStart;
+        // Cells past the line's last are empty, and stored so.
+        for (std::size_t cell = 0; cell < parsed.Ends.size(); ++cell) ends[cell + 1] = cellsStart + parsed.Ends[cell];
+        ends[kMaxColumns + 1] = ends[kMaxColumns] + 1;
         // The table is fresh: its rows are numbered from 1 in the order of the lines.
         const long long rowid = image->Count() + 1;
         // The writer reads the cells where the image keeps them: before the
         // image's room would move them (a file grown since its size was
         // taken), it takes the rows handed over.
-        const std::size_t length = image->ImageRowLength(values.data());
-        if (!image->ImageHasRoomFor(length)) writer->Drain();
-        const char* stored = image->AppendImageRow(rowid, values.data(), length);
-        writer->Add(rowid, lineNumber, parsed.Count, stored + values[0].size(), values.data() + 1);
+        if (!image->ImageHasRoomFor(ends[kMaxColumns + 1])) writer->Drain();
+        const std::array<std::string_view, 3> pieces{number, std::string_view(parsed.Text.data(), parsed.Length()), "N"};
+        const char* stored = image->AppendImageRow(rowid, pieces, ends.data());
+        writer->Add(rowid, lineNumber, parsed.Count, stored + cellsStart, parsed.Ends.data());
+        if (rowid <= kLinesMeasured) {
+          // Each line counted with one character for its line break.
+          bytesMeasured += line.size() + 1;
+          if (rowid == kLinesMeasured && input.KnownSize() > bytesMeasured) {
+            const std::size_t linesLeft = (input.KnownSize() - bytesMeasured) * kLinesMeasured / bytesMeasured + 1;
+            pagesAhead.Prepare(image->ImageRoomAhead(static_cast<long>(std::min(linesLeft, kRowsAtMost))));
+          }
+        }
         if (Run().BusyCancelled) break;
       }
     } catch (...) {

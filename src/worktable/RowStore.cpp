@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <memory>
@@ -75,32 +76,41 @@ void RowStore::ReserveImage(long rows, std::size_t cellBytes) {
   arena_.reserve(cellBytes);
 }
 
-std::size_t RowStore::ImageRowLength(const std::string_view* values) const {
-  std::size_t length = 0;
-  for (std::size_t f = 0; f < fields.size(); ++f) length += values[f].size();
-  return length;
+namespace {
+
+// The unused room of a buffer, up to n more elements.
+template <class T>
+std::span<char> RoomOf(T* used, std::size_t size, std::size_t capacity, std::size_t n) {
+  return {reinterpret_cast<char*>(used + size), std::min(n, capacity - size) * sizeof(T)};
 }
 
-const char* RowStore::AppendImageRow(long long rowid, const std::string_view* values, std::size_t length) {
+}  // namespace
+
+std::vector<std::span<char>> RowStore::ImageRoomAhead(long rows) {
+  const auto count = static_cast<std::size_t>(rows);
+  const std::size_t width = fields.size();
+  const std::size_t rowsSoFar = std::max<std::size_t>(rowids_.size(), 1);
+  const std::size_t cellBytes = arena_.size() * count / rowsSoFar * 9 / 8;
+  return {RoomOf(arena_.data(), arena_.size(), arena_.capacity(), cellBytes),
+          RoomOf(starts_.data(), starts_.size(), starts_.capacity(), count * (width + 1)),
+          RoomOf(nullBits_.data(), nullBits_.size(), nullBits_.capacity(), count * ((width + 63) / 64)),
+          RoomOf(rowids_.data(), rowids_.size(), rowids_.capacity(), count),
+          RoomOf(edited_.data(), edited_.size(), edited_.capacity(), count)};
+}
+
+const char* RowStore::AppendImageRow(long long rowid, std::span<const std::string_view> pieces, const uint32_t* ends) {
   const std::size_t width = fields.size();
   rowids_.push_back(rowid);
   nullBits_.resize(nullBits_.size() + (width + 63) / 64, 0);
   edited_.push_back(-1);
-  // The row's cells go in at once: one growth of the buffer per row.
-  const std::size_t first = arena_.size();
-  arena_.resize(first + length);
+  const auto first = static_cast<uint32_t>(arena_.size());
+  for (const std::string_view piece : pieces) arena_.append(piece.data(), piece.size());
   const std::size_t firstStart = starts_.size();
   starts_.resize(firstStart + width + 1);
   uint32_t* start = starts_.data() + firstStart;
-  char* cells = arena_.data();
-  std::size_t at = first;
-  for (std::size_t f = 0; f < width; ++f) {
-    start[f] = static_cast<uint32_t>(at);
-    if (!values[f].empty()) std::memcpy(cells + at, values[f].data(), values[f].size());
-    at += values[f].size();
-  }
-  start[width] = static_cast<uint32_t>(at);
-  return cells + first;
+  start[0] = first;
+  for (std::size_t f = 0; f < width; ++f) start[f + 1] = first + ends[f];
+  return arena_.data() + first;
 }
 
 bool RowStore::IsWholeTable() const {

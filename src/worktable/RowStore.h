@@ -7,10 +7,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "worktable/TextArena.h"
 
 namespace corvalin {
 
@@ -44,16 +47,18 @@ struct RowStore {
   // copies behind as holes a reload cannot reuse. Room that no row fills is
   // never touched, so it costs no memory.
   void ReserveImage(long rows, std::size_t cellBytes);
-  // The bytes a row of these values takes in the image.
-  std::size_t ImageRowLength(const std::string_view* values) const;
-  // Whether a row of that length fits in the room taken, the rows before it
-  // staying where they are.
+  // The room the next rows of the image will fill, as far as the room taken
+  // reaches, when they are as long as the rows so far (an eighth more).
+  std::vector<std::span<char>> ImageRoomAhead(long rows);
+  // Whether a row of length bytes fits in the room taken, the rows before
+  // it staying where they are.
   bool ImageHasRoomFor(std::size_t length) const { return arena_.capacity() - arena_.size() >= length; }
-  // One row of the image: its row id and every field's text (none is Null),
-  // length being ImageRowLength of them. Gives where the row's texts now
-  // lie, back to back in field order: they stay there as long as each later
-  // row is appended where there is room.
-  const char* AppendImageRow(long long rowid, const std::string_view* values, std::size_t length);
+  // One row of the image: its row id and every field's text (none is Null).
+  // The row's text is the pieces back to back; field f ends ends[f] bytes
+  // into it, field 0 starting at its start. Gives where the row's text now
+  // lies: it stays there as long as each later row is appended where there
+  // is room.
+  const char* AppendImageRow(long long rowid, std::span<const std::string_view> pieces, const uint32_t* ends);
   // The select of a whole table: its image stays exact under its own edits.
   bool IsWholeTable() const;
 
@@ -75,7 +80,7 @@ struct RowStore {
     const std::size_t words = (fields.size() + 63) / 64;
     if ((nullBits_[r * words + f / 64] >> (f % 64)) & 1U) return std::nullopt;
     const std::size_t base = r * (fields.size() + 1);
-    return std::string_view(arena_).substr(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
+    return arena_.view(starts_[base + f], starts_[base + f + 1] - starts_[base + f]);
   }
   void SetCell(long row, int field, const std::string& value);
   // Writes the row's changed fields to the table and clears their marks; a
@@ -99,7 +104,7 @@ struct RowStore {
   void Fetch(Connection& connection);
 
   std::vector<long long> rowids_;
-  std::string arena_;                 // every fetched cell, back to back
+  TextArena arena_;                   // every fetched cell, back to back
   std::vector<uint32_t> starts_;      // per row and field: start in arena_, then one end per row
   std::vector<uint64_t> nullBits_;    // per row, (Width() + 63) / 64 words
   std::vector<int32_t> edited_;       // per row: index into editedRows_, or -1

@@ -1,6 +1,7 @@
 #include "worktable/TableWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "input/ColumnFormat.h"
@@ -12,7 +13,7 @@ namespace corvalin {
 
 void TableWriter::Block::Clear() {
   rows.clear();
-  lengths.clear();
+  ends.clear();
 }
 
 TableWriter::TableWriter(Connection& connection, std::shared_ptr<const void> cellsOwner)
@@ -30,7 +31,7 @@ TableWriter::~TableWriter() {
   thread_.join();
 }
 
-void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char* stored, const std::string_view* cells) {
+void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char* stored, const uint32_t* ends) {
   if (!filling_) {
     std::lock_guard<std::mutex> lock(mutex_);
     if (!spare_.empty()) {
@@ -41,21 +42,13 @@ void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char
   if (!filling_) {
     filling_ = std::make_unique<Block>();
     filling_->rows.reserve(kBlockRows);
-    filling_->lengths.reserve(kBlockRows * kMaxColumns);
+    filling_->ends.reserve(kBlockRows * kMaxColumns);
   }
   Block& block = *filling_;
-  const std::size_t first = block.lengths.size();
-  block.rows.push_back(Row{stored, rowid, lineNumber, static_cast<int16_t>(count), static_cast<uint32_t>(first)});
-  // The lengths in one sweep, checked once for the row: this runs for every
-  // cell of the file on the reading thread.
-  block.lengths.resize(first + static_cast<std::size_t>(count));
-  uint8_t* length = block.lengths.data() + first;
-  std::size_t longest = 0;
-  for (int n = 0; n < count; ++n) {
-    longest = std::max(longest, cells[n].size());
-    length[n] = static_cast<uint8_t>(cells[n].size());
-  }
-  Assert(longest <= UINT8_MAX);
+  // The lengths are worked out on the writer's thread: this one cuts the
+  // next lines meanwhile.
+  block.rows.push_back(Row{stored, rowid, lineNumber, static_cast<int16_t>(count), static_cast<uint32_t>(block.ends.size())});
+  block.ends.insert(block.ends.end(), ends, ends + count);
   if (static_cast<int>(block.rows.size()) == kBlockRows) Hand(std::move(filling_));
 }
 
@@ -121,8 +114,20 @@ void TableWriter::Work() {
 }
 
 void TableWriter::Insert(const Block& block) {
-  for (const Row& row : block.rows)
-    pages_->Append(row.rowid, row.lineNumber, row.count, row.stored, block.lengths.data() + row.firstLength);
+  std::array<uint8_t, kMaxColumns> lengths{};
+  for (const Row& row : block.rows) {
+    const uint32_t* ends = block.ends.data() + row.firstEnd;
+    uint32_t start = 0;
+    uint32_t longest = 0;
+    for (int n = 0; n < row.count; ++n) {
+      const uint32_t length = ends[n] - start;
+      longest = std::max(longest, length);
+      lengths[static_cast<std::size_t>(n)] = static_cast<uint8_t>(length);
+      start = ends[n];
+    }
+    Assert(longest <= UINT8_MAX);
+    pages_->Append(row.rowid, row.lineNumber, row.count, row.stored, lengths.data());
+  }
 }
 
 }  // namespace corvalin

@@ -41,11 +41,11 @@ class TableWriter {
   // Line lineNumber cut into count cells, inserted as the table's row rowid
   // (a fresh table numbers its rows from 1 in the order they come); its
   // other columns are empty and it is not excluded. The cells are not
-  // copied here: they lie back to back from stored, cells[n] giving the
-  // length of column n + 1 (at most 255), and must stay there, unchanged,
-  // until Drain or Finish has come back. A failure of an earlier row is
-  // raised here.
-  void Add(long long rowid, int16_t lineNumber, int count, const char* stored, const std::string_view* cells);
+  // copied here: they lie back to back from stored, column n + 1 ending
+  // ends[n] bytes after it (none longer than 255), and must stay there,
+  // unchanged, until Drain or Finish has come back. A failure of an earlier
+  // row is raised here.
+  void Add(long long rowid, int16_t lineNumber, int count, const char* stored, const uint32_t* ends);
   // Waits until the writer has taken every row added out of where its
   // cells lie; raises the first failure. Rows may be added after it.
   void Drain();
@@ -64,11 +64,11 @@ class TableWriter {
     long long rowid;
     int16_t lineNumber;
     int16_t count;
-    uint32_t firstLength;  // where the row's lengths start in lengths
+    uint32_t firstEnd;  // where the row's cell ends start in ends
   };
   struct Block {
     std::vector<Row> rows;
-    std::vector<uint8_t> lengths;  // per row, per cell of the row
+    std::vector<uint32_t> ends;  // per row, per cell of the row, as Add was given them
     void Clear();
   };
 

@@ -1,4 +1,5 @@
-// The splitter in its three modes, the delimiter test and the cell clean-up.
+// The splitter in its three modes, the delimiter test and the cells cleaned for
+// the working table.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -339,20 +340,125 @@ TEST(IsDelimiter, SplitterAgreesWithTheTextTest) {
     EXPECT_EQ(splitter.IsDelimiter(static_cast<char>(c)), IsDelimiter("aZ;\xE0", static_cast<char>(c))) << c;
 }
 
-// --- cell clean-up ---
+// --- cells cleaned for the working table ---
 
-TEST(CleanCell, TrimsSpacesButNotTabs) {
-  EXPECT_EQ(CleanCell("  ab c  "), "ab c");
-  EXPECT_EQ(CleanCell("\t ab \t"), "\t ab \t");
-  EXPECT_EQ(CleanCell("   "), "");
+// The cells CutCleaned gives, Count of them.
+std::vector<std::string> CleanedOf(const LineSplitter& splitter, const std::string& line) {
+  CleanedCells cleaned;
+  splitter.CutCleaned(line, cleaned);
+  std::vector<std::string> cells;
+  for (int slot = 0; slot < cleaned.Count; ++slot) cells.emplace_back(cleaned.Cell(slot));
+  return cells;
 }
 
-TEST(CleanCell, CellOf150CharactersKeepsItsFirst100AfterTrimming) {
+// A cell as the working table takes it, worked out the plain way: spaces
+// trimmed from both ends, then the first 100 characters.
+std::string Cleaned(std::string_view cell) {
+  while (!cell.empty() && cell.front() == ' ') cell.remove_prefix(1);
+  while (!cell.empty() && cell.back() == ' ') cell.remove_suffix(1);
+  return std::string(cell.substr(0, kMaxCellLength));
+}
+
+TEST(CutCleaned, TrimsSpacesButNotTabs) {
+  EXPECT_EQ(CleanedOf(LineSplitter(Plain()), "  ab c  ,\t ab \t,   "), (Row{"ab c", "\t ab \t", ""}));
+}
+
+TEST(CutCleaned, CellOf150CharactersKeepsItsFirst100AfterTrimming) {
   std::string cell(20, ' ');
   for (int k = 0; k < 150; ++k) cell += static_cast<char>('a' + k % 26);
   std::string expected;
   for (int k = 0; k < 100; ++k) expected += static_cast<char>('a' + k % 26);
-  EXPECT_EQ(CleanCell(cell), expected);
+  EXPECT_EQ(CleanedOf(LineSplitter(Plain()), "x," + cell + "   ,y"), (Row{"x", expected, "y"}));
+}
+
+TEST(CutCleaned, SpacesInsideTheFirstHundredStayWhenTheCellIsCut) {
+  // Trimmed first, then cut: the spaces that end the first 100 characters stay.
+  const std::string cell = "a" + std::string(99, ' ') + "b";
+  EXPECT_EQ(CleanedOf(LineSplitter(Plain()), cell), (Row{"a" + std::string(99, ' ')}));
+}
+
+TEST(CutCleaned, QuotedSpacesAreTrimmedLikeAnyOther) {
+  EXPECT_EQ(CleanedOf(LineSplitter(Qualified()), "\"  a, b  \",  \"c\"  ,\" \"\"d\"\" \""),
+            (Row{"a, b", "\"c\"", "\"d\""}));
+}
+
+TEST(CutCleaned, TheRestOfALongLineInColumnThirtyIsCleaned) {
+  const std::string line = NumberedCells(" v", 29) + "  v30, v31  ";
+  CleanedCells cleaned;
+  LineSplitter(Plain()).CutCleaned(line, cleaned);
+  ASSERT_EQ(cleaned.Count, 30);
+  EXPECT_EQ(cleaned.Cell(0), "v1");
+  EXPECT_EQ(cleaned.Cell(28), "v29");
+  EXPECT_EQ(cleaned.Cell(29), "v30, v31");
+}
+
+TEST(CutCleaned, AQualifierThatAlsoCutsStillOpensACell) {
+  EXPECT_EQ(CleanedOf(LineSplitter(Qualified(QualifierDoubleQuote, ",\"")), "a,\"b,c\"d,e"), (Row{"a", "b,cd", "e"}));
+}
+
+TEST(CutCleaned, SlotsPastTheCountEndWhereTheLastCellEnds) {
+  CleanedCells cleaned;
+  const LineSplitter splitter(Plain());
+  splitter.CutCleaned("a long first line,with,several,cells,in,it", cleaned);
+  splitter.CutCleaned(" z , y ", cleaned);
+  ASSERT_EQ(cleaned.Count, 2);
+  EXPECT_EQ(cleaned.Cell(0), "z");
+  EXPECT_EQ(cleaned.Cell(1), "y");
+  EXPECT_EQ(cleaned.Length(), 2u);
+  for (std::size_t slot = 2; slot < cleaned.Ends.size(); ++slot) EXPECT_EQ(cleaned.Ends[slot], 2u) << slot;
+}
+
+// The error number CutCleaned raises on line, or 0.
+int ErrorOfCutCleaned(const ColumnFormat& format, const std::string& line) {
+  CleanedCells cleaned;
+  try {
+    LineSplitter(format).CutCleaned(line, cleaned);
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST(CutCleaned, RaisesAsTheCutDoes) {
+  EXPECT_EQ(ErrorOfCutCleaned(Plain(), std::string(kLongestDelimitedLine + 1, 'a')), 6);
+  EXPECT_EQ(ErrorOfCutCleaned(Plain(), std::string(kLongestDelimitedLine, 'a')), 0);
+  EXPECT_EQ(ErrorOfCutCleaned(Fixed({5, 3}), "abcdefgh"), 5);
+}
+
+// Every way of cutting, on lines made of the characters that matter to it:
+// the cleaned cells are the cut's cells, each cleaned.
+TEST(CutCleaned, GivesTheCutsCellsCleanedInEveryMode) {
+  std::mt19937 random(29);
+  const std::string alphabet = "ab1  ,,;\"'xX\t";
+  std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+  std::uniform_int_distribution<int> length(0, 160);
+  std::vector<ColumnFormat> formats;
+  for (const bool consecutive : {false, true}) {
+    for (const std::string delimiters : {",", ",;", " ", "x", ",\"", ""}) {
+      formats.push_back(Plain(delimiters, consecutive));
+      formats.push_back(Qualified(QualifierDoubleQuote, delimiters, consecutive));
+      formats.push_back(Qualified(QualifierSingleQuote, delimiters, consecutive));
+    }
+  }
+  formats.push_back(Fixed({}));
+  formats.push_back(Fixed({3, 3, 10, 40}));
+  formats.push_back(Fixed({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24,
+                           25, 26, 27, 140}));
+  for (const ColumnFormat& format : formats) {
+    const LineSplitter splitter(format);
+    CleanedCells cleaned;
+    LineCells cut;
+    for (int n = 0; n < 3000; ++n) {
+      std::string line;
+      const int size = length(random);
+      for (int k = 0; k < size; ++k) line += alphabet[pick(random)];
+      splitter.Cut(line, cut);
+      splitter.CutCleaned(line, cleaned);
+      ASSERT_EQ(cleaned.Count, cut.Count) << line;
+      for (int slot = 0; slot < kMaxColumns; ++slot)
+        ASSERT_EQ(cleaned.Cell(slot), Cleaned(cut.Cells[static_cast<std::size_t>(slot)])) << line << " cell " << slot;
+    }
+  }
 }
 
 // --- the preview as a source of lines ---
