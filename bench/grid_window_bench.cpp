@@ -226,10 +226,12 @@ int main(int argc, char** argv) {
     return 1;
   }
 
-  // The Validate button against the validation alone.
+  // The Validate button against the validation alone, in turn. Each takes a
+  // few milliseconds, where this machine's slow moments weigh: three times
+  // as many runs keep the ratio of the medians steady.
   std::vector<double> button;
   std::vector<double> alone;
-  for (int run = 0; run < runs; ++run) {
+  for (int run = 0; run < 3 * runs; ++run) {
     auto start = Clock::now();
     ScreenWindow::Fire([&] { headers.cmdValidate_Click(); });
     button.push_back(MillisecondsSince(start));
@@ -251,7 +253,7 @@ int main(int argc, char** argv) {
   std::printf("grid shown and painted after the load: median %.1f ms of %d runs (limit 300 ms)\n", shownMedian, runs);
   std::printf("page scroll repaint with colours on: median %.2f ms of %zu pages, max %.2f ms (limit 16 ms)\n",
               scrollMedian, scrolls.size(), *std::max_element(scrolls.begin(), scrolls.end()));
-  std::printf("Validate button: median %.1f ms; validation alone: median %.1f ms; ratio %.2f (limit 1.2)\n",
-              buttonMedian, aloneMedian, buttonMedian / aloneMedian);
+  std::printf("Validate button: median %.1f ms; validation alone: median %.1f ms, %zu runs each; ratio %.2f (limit 1.2)\n",
+              buttonMedian, aloneMedian, button.size(), buttonMedian / aloneMedian);
   return shownMedian <= 300 && scrollMedian < 16 && buttonMedian <= 1.2 * aloneMedian ? 0 : 2;
 }
