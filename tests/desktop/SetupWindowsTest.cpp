@@ -22,6 +22,7 @@
 
 #include "DesktopHome.h"
 #include "desktop/QtToolkit.h"
+#include "input/ColumnFormat.h"
 #include "screens/Application.h"
 #include "screens/frmColumns.h"
 #include "screens/frmHeaders.h"
@@ -387,8 +388,13 @@ class SetupWindowsTest : public QObject {
   void busyWindowCancelStopsTheLoadAndKeepsTheRowsSoFar() {
     QString home;
     QWidget* setup = StartConfigured(home);
+    // The longest file, each line of 30 cells: a load long enough for the
+    // busy window to take events several times (every
+    // QtToolkit::kEventIntervalMs) before it ends.
+    QByteArray cells;
+    for (int n = 2; n <= kMaxColumns; ++n) cells += ",cell " + QByteArray::number(n);
     QByteArray lines;
-    for (int i = 1; i <= 32767; ++i) lines += QByteArray::number(i) + ",a,b\r\n";
+    for (int i = 1; i <= 32767; ++i) lines += QByteArray::number(i) + cells + "\r\n";
     Write(home + QStringLiteral("/big.csv"), lines);
     files_ = {(home + QStringLiteral("/big.csv")).toStdString(), (home + QStringLiteral("/big.tre")).toStdString()};
     Child<QPushButton>(setup, "cmdChangeInput")->click();
