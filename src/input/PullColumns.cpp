@@ -230,8 +230,7 @@ class CleanedWriter {
       if (splitter_.IsDelimiter(c)) {
         // A qualifier that also cuts still opens a cell.
         if (i == first && static_cast<unsigned char>(c) == opener) break;
-        while (out > start && out[-1] == ' ') --out;
-        out = std::min(out, start + kMaxCellLength);
+        out = CleanEnd(start, out);
         out_.Ends[static_cast<std::size_t>(count++)] = static_cast<uint32_t>(out - base);
         start = out;
         first = i + 1;
@@ -252,8 +251,7 @@ class CleanedWriter {
   }
 
   void EndCell() {
-    while (at_ > cellStart_ && text_[at_ - 1] == ' ') --at_;
-    at_ = std::min(at_, cellStart_ + kMaxCellLength);
+    at_ = static_cast<std::size_t>(CleanEnd(text_ + cellStart_, text_ + at_) - text_);
     out_.Ends[static_cast<std::size_t>(count_++)] = static_cast<uint32_t>(at_);
     cellStart_ = at_;
   }
@@ -272,6 +270,14 @@ class CleanedWriter {
   }
 
  private:
+  // Where the cell copied from start to end ends once cleaned: the spaces
+  // after its last other character taken back, then cut to 100 characters.
+  static char* CleanEnd(char* start, char* end) {
+    while (end > start && end[-1] == ' ') --end;
+    if (static_cast<std::size_t>(end - start) > kMaxCellLength) end = start + kMaxCellLength;
+    return end;
+  }
+
   const LineSplitter& splitter_;
   CleanedCells& out_;
   char* text_;

@@ -80,8 +80,8 @@ namespace {
 
 // The unused room of a buffer, up to n more elements.
 template <class T>
-std::span<char> RoomOf(T* used, std::size_t size, std::size_t capacity, std::size_t n) {
-  return {reinterpret_cast<char*>(used + size), std::min(n, capacity - size) * sizeof(T)};
+std::span<char> RoomOf(T* data, std::size_t size, std::size_t capacity, std::size_t n) {
+  return {reinterpret_cast<char*>(data + size), std::min(n, capacity - size) * sizeof(T)};
 }
 
 }  // namespace

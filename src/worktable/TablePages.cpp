@@ -209,7 +209,7 @@ void TablePages::StartLeaf() {
   contentStart_ = pageSize_;
 }
 
-void TablePages::Append(long long rowid, int16_t lineNumber, int count, const char* text, const uint8_t* lengths) {
+void TablePages::Append(long long rowid, int16_t lineNumber, int count, const char* text, const uint32_t* ends) {
   Assert(!complete_ && count >= 0 && count <= kMaxColumns);
   if (rowid != lastRowid_ + 1)
     throw RuntimeError(err::DatabaseError, kSource,
@@ -222,8 +222,12 @@ void TablePages::Append(long long rowid, int16_t lineNumber, int count, const ch
   header[used++] = oneByte ? 1 : 2;
   uint32_t textBytes = 0;
   for (int n = 0; n < count; ++n) {
-    used += PutVarint(header + used, 2 * uint64_t{lengths[n]} + 13);
-    textBytes += lengths[n];
+    const uint32_t length = ends[n] - textBytes;
+    // A cell of the table holds at most 255 bytes: the record's header and
+    // the page have room for 30 of them.
+    Assert(length <= UINT8_MAX);
+    used += PutVarint(header + used, 2 * uint64_t{length} + 13);
+    textBytes = ends[n];
   }
   std::memset(header + used, 13, static_cast<std::size_t>(kMaxColumns - count));
   used += kMaxColumns - count;

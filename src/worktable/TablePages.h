@@ -33,9 +33,10 @@ class TablePages {
   TablePages& operator=(const TablePages&) = delete;
 
   // The next row: LineNum, then count cells of c1.. laid back to back from
-  // text, lengths[n] bytes each, the other cells empty, and Excluded "N".
-  // rowid is one past the last row's (1 for the first).
-  void Append(long long rowid, int16_t lineNumber, int count, const char* text, const uint8_t* lengths);
+  // text, column n + 1 ending ends[n] bytes after it (none longer than 255
+  // bytes), the other cells empty, and Excluded "N". rowid is one past the
+  // last row's (1 for the first).
+  void Append(long long rowid, int16_t lineNumber, int count, const char* text, const uint32_t* ends);
   // Writes what is not yet in the file and the header that makes the rows
   // the table's; lets go of the lock. Raises the store's failure to write.
   void Complete();

@@ -1,11 +1,8 @@
 #include "worktable/TableWriter.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 
 #include "input/ColumnFormat.h"
-#include "shell/Failure.h"
 #include "worktable/Connection.h"
 #include "worktable/TablePages.h"
 
@@ -45,8 +42,6 @@ void TableWriter::Add(long long rowid, int16_t lineNumber, int count, const char
     filling_->ends.reserve(kBlockRows * kMaxColumns);
   }
   Block& block = *filling_;
-  // The lengths are worked out on the writer's thread: this one cuts the
-  // next lines meanwhile.
   block.rows.push_back(Row{stored, rowid, lineNumber, static_cast<int16_t>(count), static_cast<uint32_t>(block.ends.size())});
   block.ends.insert(block.ends.end(), ends, ends + count);
   if (static_cast<int>(block.rows.size()) == kBlockRows) Hand(std::move(filling_));
@@ -114,20 +109,8 @@ void TableWriter::Work() {
 }
 
 void TableWriter::Insert(const Block& block) {
-  std::array<uint8_t, kMaxColumns> lengths{};
-  for (const Row& row : block.rows) {
-    const uint32_t* ends = block.ends.data() + row.firstEnd;
-    uint32_t start = 0;
-    uint32_t longest = 0;
-    for (int n = 0; n < row.count; ++n) {
-      const uint32_t length = ends[n] - start;
-      longest = std::max(longest, length);
-      lengths[static_cast<std::size_t>(n)] = static_cast<uint8_t>(length);
-      start = ends[n];
-    }
-    Assert(longest <= UINT8_MAX);
-    pages_->Append(row.rowid, row.lineNumber, row.count, row.stored, lengths.data());
-  }
+  for (const Row& row : block.rows)
+    pages_->Append(row.rowid, row.lineNumber, row.count, row.stored, block.ends.data() + row.firstEnd);
 }
 
 }  // namespace corvalin

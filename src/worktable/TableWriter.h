@@ -68,7 +68,7 @@ class TableWriter {
   };
   struct Block {
     std::vector<Row> rows;
-    std::vector<uint32_t> ends;  // per row, per cell of the row, as Add was given them
+    std::vector<uint32_t> ends;  // per row, where each cell of the row ends
     void Clear();
   };
 

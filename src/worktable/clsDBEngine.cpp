@@ -179,7 +179,6 @@ void clsDBEngine::FinishWrites() {
   if (closed_) corvalin::FinishWrites(*closed_);
 }
 
-
 // ---- the process-wide door ----
 
 clsDBEngine& DatabaseEngine() {

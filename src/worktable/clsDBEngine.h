@@ -82,7 +82,7 @@ class clsDBEngine {
   // The load's rows, still going into the table: they are waited for at
   // the next use of the database.
   void FinishLater(std::unique_ptr<TableWriter> writer);
-  // Waits for the load's inserts of the open or the closed connection.
+  // Waits for the load's rows of the open or the closed connection.
   void FinishWrites();
 
  private:

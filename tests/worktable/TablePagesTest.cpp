@@ -69,12 +69,12 @@ class TablePagesTest : public testing::FreshProcess {
     long long rowid = 0;
     for (const Line& line : lines) {
       std::string text;
-      std::vector<uint8_t> lengths;
+      std::vector<uint32_t> ends;
       for (const std::string& cell : line.cells) {
         text += cell;
-        lengths.push_back(static_cast<uint8_t>(cell.size()));
+        ends.push_back(static_cast<uint32_t>(text.size()));
       }
-      pages.Append(++rowid, line.number, static_cast<int>(line.cells.size()), text.data(), lengths.data());
+      pages.Append(++rowid, line.number, static_cast<int>(line.cells.size()), text.data(), ends.data());
     }
   }
 
@@ -266,9 +266,9 @@ TEST_F(TablePagesTest, RowsOutOfOrderAreRefused) {
   MakeDatabase();
   sqlite3* db = Open();
   TablePages pages(db);
-  const uint8_t length = 1;
-  pages.Append(1, 1, 1, "a", &length);
-  EXPECT_EQ(FailureOf([&] { pages.Append(3, 3, 1, "c", &length); }),
+  const uint32_t end = 1;
+  pages.Append(1, 1, 1, "a", &end);
+  EXPECT_EQ(FailureOf([&] { pages.Append(3, 3, 1, "c", &end); }),
             "3709 CreateColumnsTable: row 2 of tft was expected as row 3");
 }
 
