@@ -9,7 +9,7 @@ BUILD ?= build
 ARGS ?=
 GENERATOR ?= Ninja
 
-.PHONY: all deps configure build run test sanitize bench fuzz screenshots install clean
+.PHONY: all deps configure build run test sanitize bench fuzz soak soak-sanitize screenshots install clean
 
 all: build
 
@@ -38,6 +38,22 @@ sanitize: deps
 	cmake --build $(SANITIZE_BUILD)
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j$$(nproc)
+
+# The windows' tests and the end-to-end tests SOAK_ROUNDS times one at a
+# time, then SOAK_ROUNDS times two at a time, stopping at the first failure
+# (tools/soak.sh): on a Release build, or with soak-sanitize on the sanitizer
+# build of make sanitize. Run it before a change to a window lands.
+SOAK_BUILD ?= build-soak
+SOAK_ROUNDS ?= 20
+soak: deps
+	cmake -S . -B $(SOAK_BUILD) -G $(GENERATOR) -DCMAKE_BUILD_TYPE=Release -DCORVALIN_BENCH=OFF
+	cmake --build $(SOAK_BUILD)
+	./tools/soak.sh $(SOAK_BUILD) $(SOAK_ROUNDS)
+
+soak-sanitize: deps
+	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF
+	cmake --build $(SANITIZE_BUILD)
+	./tools/soak.sh $(SANITIZE_BUILD) $(SOAK_ROUNDS)
 
 # The benchmarks of docs/performance.md, on a Release build.
 BENCH_BUILD ?= build-release

@@ -59,6 +59,10 @@ std::string QuietToolkit::BrowseForFolder(const std::string&, const std::string&
 
 AppendChoice QuietToolkit::AskAppendOverwriteCancel(const std::string&) { return AppendChoice::Overwrite; }
 
+void QuietToolkit::RunModal(ModalWindow& window) {
+  if (answerModal) answerModal(window);
+}
+
 void QuietToolkit::EndProcess(int exitCode) { throw ProcessEnded{exitCode}; }
 
 std::string InstalledFilesFolder() { return ProgramFileFolder() + "../share/corvalin/"; }

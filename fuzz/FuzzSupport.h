@@ -3,6 +3,7 @@
 // programs, and small file helpers.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,10 +23,14 @@ const std::string& ScratchHome();
 class QuietToolkit : public UnattendedToolkit {
  public:
   std::vector<std::string> boxes;
+  // Plays the person at a modal screen; without it, the screen ends as
+  // cancelled, as nobody answers it.
+  std::function<void(ModalWindow&)> answerModal;
 
   Answer Message(const MessageRequest& request) override;
   std::string BrowseForFolder(const std::string& title, const std::string& initialFolder) override;
   AppendChoice AskAppendOverwriteCancel(const std::string& text) override;
+  void RunModal(ModalWindow& window) override;
   [[noreturn]] void EndProcess(int exitCode) override;
 };
 

@@ -56,12 +56,12 @@ Outcome OpenAndConfirm(const std::string& variant, const std::string& line) {
   DialogToolkit().boxes.clear();
 
   Outcome outcome;
-  App().RunModal = [&](Screen& screen) {
+  DialogToolkit().answerModal = [&](ModalWindow& window) {
     outcome.opened = true;
-    static_cast<frmSlfRecord&>(screen).cmdOk_Click();
+    dynamic_cast<frmSlfRecord&>(window).cmdOk_Click();
   };
   EditStandRecord(line);
-  App().RunModal = nullptr;
+  DialogToolkit().answerModal = nullptr;
   const ListControl& list = App().Slf().lstSlf;
   Require(list.Items.size() == 1 && list.ListIndex == 0, "the list lost its line or its selection");
   outcome.line = list.Items[0];

@@ -3,13 +3,15 @@
 # derivatives), and nothing when all of it is there already. apt-get runs as
 # root directly, and through sudo for anybody else. With the argument "fuzz"
 # it also installs clang and its runtime libraries (libFuzzer among them),
-# which only the fuzz targets need; with "bench", hyperfine and pandas, which
+# which only the fuzz targets need (the ordinary build takes only the header
+# of the runtime that the targets read their inputs with, FuzzedDataProvider,
+# to replay the kept inputs in the test suite); with "bench", hyperfine and pandas, which
 # the benchmarks of make bench need (pandas for the scripted peer).
 set -euo pipefail
 
-PACKAGES=(cmake ninja-build g++ qt6-base-dev libsqlite3-dev libgtest-dev)
+PACKAGES=(cmake ninja-build g++ qt6-base-dev libsqlite3-dev libgtest-dev libclang-rt-dev)
 if [[ "${1:-}" == "fuzz" ]]; then
-  PACKAGES+=(clang libclang-rt-dev)
+  PACKAGES+=(clang)
 fi
 if [[ "${1:-}" == "bench" ]]; then
   PACKAGES+=(hyperfine python3-pandas)

@@ -7,6 +7,7 @@
 #include <QStyle>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -156,13 +157,20 @@ void QtToolkit::SetBusyPointer(bool busy) {
   else QApplication::restoreOverrideCursor();
 }
 
-bool QtToolkit::EventsDueNow() { return !sinceEvents_.isValid() || sinceEvents_.elapsed() >= kEventIntervalMs; }
+qint64 QtToolkit::Now() const {
+  if (Clock) return Clock();
+  static QElapsedTimer steady;
+  if (!steady.isValid()) steady.start();
+  return steady.elapsed();
+}
+
+bool QtToolkit::EventsDueNow() { return !eventsRanAt_ || Now() - *eventsRanAt_ >= eventIntervalMs_; }
 
 void QtToolkit::DoEvents() {
   if (busyTextPending_ && busyLabel_ != nullptr) busyLabel_->setText(ToQt(pendingBusyText_));
   busyTextPending_ = false;
   QCoreApplication::processEvents();
-  sinceEvents_.start();
+  eventsRanAt_ = Now();
 }
 
 void QtToolkit::ShowBusyWindow(const std::string& title, const std::string& text) {

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -43,6 +42,10 @@ class QtToolkit : public Toolkit {
   void DoEvents() override;
   bool EventsDueNow() override;
   static constexpr int kEventIntervalMs = 20;
+  // For tests: the interval (0 runs pending events at every call) and the
+  // clock it is measured on, in milliseconds (empty: the steady clock).
+  void SetEventInterval(int milliseconds) { eventIntervalMs_ = milliseconds; }
+  std::function<qint64()> Clock;
   void ShowBusyWindow(const std::string& title, const std::string& text) override;
   void HideBusyWindow() override;
   void ShowBanner(const std::string& title, const std::string& text) override;
@@ -74,7 +77,10 @@ class QtToolkit : public Toolkit {
   QPointer<QPushButton> busyCancel_;
   QPointer<QWidget> banner_;
   bool busyPointer_ = false;
-  QElapsedTimer sinceEvents_;
+  qint64 Now() const;
+  int eventIntervalMs_ = kEventIntervalMs;
+  // When pending events last ran; none yet when empty.
+  std::optional<qint64> eventsRanAt_;
   std::string pendingBusyText_;
   bool busyTextPending_ = false;
 };

@@ -146,7 +146,16 @@ struct CachedIndex {
 
 // The settings store and a template or two.
 constexpr std::size_t kFilesKept = 8;
-constexpr auto kSettledAfter = std::chrono::seconds(2);
+
+ProfileClock& Clock() {
+  static ProfileClock clock;
+  return clock;
+}
+
+std::size_t& Reads() {
+  static std::size_t reads = 0;
+  return reads;
+}
 
 std::unordered_map<std::string, CachedIndex>& Cache() {
   static std::unordered_map<std::string, CachedIndex> cache;
@@ -164,13 +173,15 @@ std::shared_ptr<const ProfileIndex> IndexOf(const std::string& path) {
   if (const auto it = Cache().find(path); it != Cache().end() && it->second.settled && it->second.stamp == stamp)
     return it->second.index;
   bool exists = false;
+  ++Reads();
   auto index = std::make_shared<const ProfileIndex>(BuildIndex(ReadLines(path, &exists)));
   // The change time, which no program can set back, tells how long ago the
   // file last changed.
   const auto changed = std::chrono::system_clock::time_point(
       std::chrono::duration_cast<std::chrono::system_clock::duration>(
           std::chrono::seconds(info.st_ctim.tv_sec) + std::chrono::nanoseconds(info.st_ctim.tv_nsec)));
-  const bool settled = std::chrono::system_clock::now() - changed >= kSettledAfter;
+  const auto now = Clock() ? Clock()() : std::chrono::system_clock::now();
+  const bool settled = now - changed >= kProfileSettledAfter;
   if (Cache().size() >= kFilesKept) Cache().clear();
   Cache()[path] = CachedIndex{stamp, settled, index};
   return index;
@@ -180,6 +191,10 @@ std::shared_ptr<const ProfileIndex> IndexOf(const std::string& path) {
 void Forget(const std::string& path) { Cache().erase(path); }
 
 }  // namespace
+
+void SetProfileClock(ProfileClock clock) { Clock() = std::move(clock); }
+
+std::size_t ProfileFileReads() { return Reads(); }
 
 std::string ReadProfileString(const std::string& path, const std::string& section, const std::string& key,
                               const std::string& def) {

@@ -7,7 +7,9 @@
 // was, so reading many keys costs one reading of the file.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 
 namespace corvalin {
@@ -30,5 +32,17 @@ bool WriteProfileString(const std::string& path, const std::string& section,
 
 // Removes the key from the section; nothing when it is not there.
 bool DeleteProfileKey(const std::string& path, const std::string& section, const std::string& key);
+
+// A file whose last change is this long past is settled: its reading is kept
+// while it stays as it was. One changed more recently is read at every lookup.
+inline constexpr auto kProfileSettledAfter = std::chrono::seconds(2);
+
+// The clock against which a file's change time is read; tests set their own
+// (empty: the system clock).
+using ProfileClock = std::function<std::chrono::system_clock::time_point()>;
+void SetProfileClock(ProfileClock clock);
+
+// How many times a profile file has been read from the disk so far.
+std::size_t ProfileFileReads();
 
 }  // namespace corvalin

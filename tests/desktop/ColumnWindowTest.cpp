@@ -119,7 +119,7 @@ class ColumnWindowTest : public QObject {
   }
   void cleanup() {
     ResetProcessState();
-    Settle(20);
+    Settle();
   }
 
   void thePreviewShowsTenNumberedLinesUnderTheRuler() {

@@ -102,18 +102,36 @@ class QtToolkitTest : public QObject {
 
   void BusyTextOfALineBetweenTwoRunsOfEventsIsSetWhenTheyRunNext() {
     QtToolkit toolkit;
+    // The test's own clock: it moves only when the test moves it.
+    qint64 now = 1000;
+    toolkit.Clock = [&now] { return now; };
+    QVERIFY(toolkit.EventsDueNow());
     toolkit.ShowBusyWindow("Loading", "Line 1");
     toolkit.DoEvents();
+    QVERIFY(!toolkit.EventsDueNow());
+    now += QtToolkit::kEventIntervalMs - 1;
     QVERIFY(!toolkit.EventsDueNow());
     toolkit.ShowBusyWindow("Loading", "Line 2");
     toolkit.ShowBusyWindow("Loading", "Line 3");
     QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 1"));
     toolkit.DoEvents();
     QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 3"));
-    QTest::qWait(QtToolkit::kEventIntervalMs + 5);
+    now += QtToolkit::kEventIntervalMs;
     QVERIFY(toolkit.EventsDueNow());
     toolkit.ShowBusyWindow("Loading", "Line 4");
     QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 4"));
+  }
+
+  void WithAnIntervalOfNoneEveryLineRunsTheEventsAndShowsItsText() {
+    QtToolkit toolkit;
+    qint64 now = 1000;
+    toolkit.Clock = [&now] { return now; };
+    toolkit.SetEventInterval(0);
+    toolkit.ShowBusyWindow("Loading", "Line 1");
+    toolkit.DoEvents();
+    QVERIFY(toolkit.EventsDueNow());
+    toolkit.ShowBusyWindow("Loading", "Line 2");
+    QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 2"));
   }
 
   void BusyWindowWithAnUnchangedTitleOnlyChangesTheText() {

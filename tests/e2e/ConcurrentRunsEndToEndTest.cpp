@@ -96,7 +96,7 @@ class ConcurrentRuns : public testing::UnattendedRun {
     std::vector<Outcome> outcomes(jobs.size());
     for (std::size_t i = 0; i < jobs.size(); ++i) {
       if (pids[i] < 0) continue;
-      const ProgramRun run = testing::WaitForCorvalin(pids[i], home, LaunchOf(jobs[i]), 300);
+      const ProgramRun run = testing::WaitForCorvalin(pids[i], home, LaunchOf(jobs[i]));
       Outcome& outcome = outcomes[i];
       outcome.status = run.status;
       outcome.errors = run.errors;

@@ -26,7 +26,7 @@ class PipedInput : public testing::TreeListRun {
   // from the descriptor given.
   ProgramRun RunOn(const std::string& input, int standardInput = -1) {
     const Launch launch{{input, "out.tre", "trees"}, home / "run", {}, standardInput, {}};
-    return testing::WaitForCorvalin(testing::StartCorvalin(home, launch), home, launch, 120);
+    return testing::WaitForCorvalin(testing::StartCorvalin(home, launch), home, launch);
   }
 
   // The run of the same bytes from a file, for comparison: its result line,

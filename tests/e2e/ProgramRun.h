@@ -16,8 +16,8 @@ struct ProgramRun {
   int status = -1;
   std::string errors;  // what the program wrote to standard error
   long peakKilobytes = 0;  // the largest resident set the process had
-  double seconds = 0;      // from its start to its end
-  bool killed = false;     // it outlived its time limit and was killed
+  long long bytesRead = 0;  // what it read through read calls, files and streams alike
+  bool killed = false;      // it read past its limit and was killed
 };
 
 // How one run of the program is started: its arguments, the folder it is
@@ -34,12 +34,17 @@ struct Launch {
 };
 
 // Starts the built program with its settings under home and gives its
-// process id; it runs beside the caller.
+// process id; it runs beside the caller, and is killed if the caller dies
+// first (a test that ctest stopped leaves no run behind).
 pid_t StartCorvalin(const std::filesystem::path& home, const Launch& launch);
-// Waits for a run started so; one still running after secondsAllowed is
-// killed and comes back with killed set.
-ProgramRun WaitForCorvalin(pid_t pid, const std::filesystem::path& home, const Launch& launch,
-                           double secondsAllowed = 600);
+// Waits for a run started so to end, however long it takes.
+ProgramRun WaitForCorvalin(pid_t pid, const std::filesystem::path& home, const Launch& launch);
+// Waits for a run started so to end while it reads at most bytesAllowed
+// bytes (as the system counts what it read); one that reads more is killed
+// and comes back with killed set. Its work is bounded by what it reads, not
+// by the clock, so a slow machine gives the same answer as a fast one.
+ProgramRun WaitForCorvalinReading(pid_t pid, const std::filesystem::path& home, const Launch& launch,
+                                  long long bytesAllowed);
 
 // Runs the built program with exactly these arguments, its settings under
 // home, from the given folder (or this process's folder when empty), and

@@ -36,7 +36,7 @@ class WindowsModule : public UnattendedRun {
     Launch launch;
     launch.args = {(SharedDataDir() / "lolo-2022/tree.csv").string(), (home / "lolo.tre").string(), "lolo"};
     launch.environment = std::move(environment);
-    run = WaitForCorvalin(StartCorvalin(home, launch), home, launch, 120);
+    run = WaitForCorvalin(StartCorvalin(home, launch), home, launch);
     // The loader adds the process id to the name it is given.
     std::string libraries;
     for (const auto& entry : fs::directory_iterator(home))

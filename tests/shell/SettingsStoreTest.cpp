@@ -1,12 +1,14 @@
 // The per-user settings store: one profile file per application under the
 // user's configuration folder.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 
 #include "TestSupport.h"
+#include "shell/ProfileFile.h"
 #include "shell/Settings.h"
 
 namespace corvalin {
@@ -97,8 +99,8 @@ TEST_F(SettingsStore, FirstSectionAndFirstKeyOfANameCount) {
   EXPECT_EQ(GetSetting("Orvanta", "Common", "WorkDir", "?"), "?");
 }
 
-// A file read once is kept while it stays as it was; a change of it, by this
-// program or another, is read, even one of the same size a moment later.
+// A change of the file, by this program or another, is read, even one of
+// the same size a moment later.
 TEST_F(SettingsStore, ChangedFileIsReadAgain) {
   std::filesystem::create_directories(Ini().parent_path());
   WriteFile(Ini(), "[Common]\r\nDataDir=/a/\r\n");
@@ -107,15 +109,66 @@ TEST_F(SettingsStore, ChangedFileIsReadAgain) {
   EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/b/");
   SaveSetting("Orvanta", "Common", "DataDir", "/c/");
   EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/c/");
-  // Settled for some time, then written over with the same size.
+  // Written over with the same size and its modification time set back an
+  // hour: the change time, which nobody can set back, says it is new.
   const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
   std::filesystem::last_write_time(Ini(), old);
-  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/c/");
   WriteFile(Ini(), "[Common]\r\nDataDir=/d/\r\n");
   std::filesystem::last_write_time(Ini(), old);
   EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/d/");
   std::filesystem::remove(Ini());
   EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "?");
+}
+
+// The clock the settings files are judged by, set for one test.
+class ProfileClockSetTo {
+ public:
+  explicit ProfileClockSetTo(std::chrono::system_clock::time_point now) {
+    SetProfileClock([now] { return now; });
+  }
+  ~ProfileClockSetTo() { SetProfileClock(nullptr); }
+};
+
+// A file whose last change is long past is read once and kept while it
+// stays as it was: many keys cost one reading.
+TEST_F(SettingsStore, SettledFileIsReadOnceAndKeptWhileItStaysAsItWas) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\r\nDataDir=/a/\r\nWorkDir=/w/\r\n");
+  const ProfileClockSetTo anHourLater(std::chrono::system_clock::now() + std::chrono::hours(1));
+  const std::size_t before = ProfileFileReads();
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+  EXPECT_EQ(ProfileFileReads(), before + 1);
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "WorkDir", "?"), "/w/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+  EXPECT_EQ(ProfileFileReads(), before + 1);
+  // Changed by another program: its stamp tells, and it is read again.
+  WriteFile(Ini(), "[Common]\r\nDataDir=/changed/\r\n");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/changed/");
+  EXPECT_EQ(ProfileFileReads(), before + 2);
+}
+
+// A file changed in the last moments may change again within one tick of
+// the file system's clock, unseen by its stamp: it is read at every lookup
+// until it has settled.
+TEST_F(SettingsStore, RecentlyChangedFileIsReadAtEveryLookupUntilItSettles) {
+  std::filesystem::create_directories(Ini().parent_path());
+  WriteFile(Ini(), "[Common]\r\nDataDir=/a/\r\n");
+  struct stat info {};
+  ASSERT_EQ(::stat(Ini().c_str(), &info), 0);
+  const std::chrono::system_clock::time_point changed(std::chrono::duration_cast<std::chrono::system_clock::duration>(
+      std::chrono::seconds(info.st_ctim.tv_sec) + std::chrono::nanoseconds(info.st_ctim.tv_nsec)));
+  std::size_t before = ProfileFileReads();
+  {
+    const ProfileClockSetTo aMomentLater(changed + kProfileSettledAfter - std::chrono::milliseconds(1));
+    EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+    EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+    EXPECT_EQ(ProfileFileReads(), before + 2);
+  }
+  before = ProfileFileReads();
+  const ProfileClockSetTo settled(changed + kProfileSettledAfter);
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+  EXPECT_EQ(GetSetting("Orvanta", "Common", "DataDir", "?"), "/a/");
+  EXPECT_EQ(ProfileFileReads(), before + 1);
 }
 
 }  // namespace
