@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "desktop/ScreenWindow.h"
 #include "screens/Screen.h"
 #include "shell/RunState.h"
 #include "shell/ScratchFiles.h"
@@ -59,10 +60,7 @@ namespace {
 
 void CentreOnScreen(QWidget* window) {
   window->adjustSize();
-  if (QScreen* screen = QGuiApplication::primaryScreen()) {
-    const QRect area = screen->availableGeometry();
-    window->move(area.center() - window->rect().center());
-  }
+  PlaceOnScreen(window);
 }
 
 // frmBusyMessage: Cancel, or a close that the program did not ask for, sets

@@ -10,6 +10,7 @@
 #include <QScreen>
 
 #include "screens/Screen.h"
+#include "screens/WindowPlace.h"
 #include "shell/EventScope.h"
 
 namespace corvalin {
@@ -51,25 +52,74 @@ QPushButton* ScreenWindow::NewButton(const char* name, std::function<void()> eve
   return button;
 }
 
-void ScreenWindow::Place() {
-  if (screen_ == nullptr) return;
-  if (screen_->Left == 0 && screen_->Top == 0) {
-    adjustSize();
-    if (QScreen* display = QGuiApplication::primaryScreen()) {
-      const QRect area = display->availableGeometry();
-      move(area.center() - rect().center());
-    }
+namespace {
+
+// The frame the window manager draws around a window: the same for every
+// window of the program, known once one of them has been framed, and
+// none without a window manager.
+QMargins& KnownFrame() {
+  static QMargins frame;
+  return frame;
+}
+
+WindowRect RectOf(const QRect& r) { return {r.x(), r.y(), r.width(), r.height()}; }
+
+}  // namespace
+
+void PlaceOnScreen(QWidget* window, std::optional<QPoint> frameAt) {
+  const QMargins frame = KnownFrame();
+  if (!window->testAttribute(Qt::WA_Resized)) window->adjustSize();
+  QScreen* display = frameAt ? QGuiApplication::screenAt(*frameAt) : nullptr;
+  if (display == nullptr && window->parentWidget() != nullptr) display = window->parentWidget()->screen();
+  if (display == nullptr) display = QGuiApplication::primaryScreen();
+  if (display == nullptr) {
+    if (frameAt) window->move(*frameAt);
     return;
   }
-  move(screen_->Left, screen_->Top);
+  const WindowRect area = RectOf(display->availableGeometry());
+  const QSize outer = window->size().grownBy(frame);
+  WindowRect wanted{0, 0, outer.width(), outer.height()};
+  if (frameAt) {
+    wanted.left = frameAt->x();
+    wanted.top = frameAt->y();
+  } else if (QWidget* owner = window->parentWidget(); owner != nullptr && owner->isVisible()) {
+    wanted = CentredIn(outer.width(), outer.height(), RectOf(owner->window()->frameGeometry()));
+  } else {
+    wanted = CentredIn(outer.width(), outer.height(), area);
+  }
+  const WindowRect fit = FitInside(wanted, area);
+  const QSize inner = QSize(fit.width, fit.height).shrunkBy(frame);
+  if (inner != window->size()) window->resize(inner);
+  // A window's position is that of its frame.
+  window->move(fit.left, fit.top);
+}
+
+void ScreenWindow::Place() {
+  if (screen_ == nullptr) return;
+  centred_ = !screen_->Placed;
+  PlaceOnScreen(this, centred_ ? std::nullopt : std::optional<QPoint>(QPoint(screen_->Left, screen_->Top)));
+}
+
+void ScreenWindow::RememberPlace() {
+  if (screen_ == nullptr || !isVisible()) return;
+  const QRect outer = frameGeometry();
+  const QRect inner = geometry();
+  const QMargins frame(inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+                       outer.bottom() - inner.bottom());
+  if (frame != QMargins() && frame != KnownFrame()) {
+    // The first frame the window manager draws: a window placed before it
+    // was known may now reach past the screen's edge, or stand off centre.
+    KnownFrame() = frame;
+    PlaceOnScreen(this, centred_ ? std::nullopt : std::optional<QPoint>(outer.topLeft()));
+  }
+  screen_->Left = frameGeometry().x();
+  screen_->Top = frameGeometry().y();
+  screen_->Placed = true;
 }
 
 void ScreenWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (screen_ != nullptr && isVisible()) {
-    screen_->Left = pos().x();
-    screen_->Top = pos().y();
-  }
+  RememberPlace();
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
@@ -84,6 +134,7 @@ void ScreenWindow::Shown() {
   emit Redrawn();
   Place();
   show();
+  RememberPlace();
   raise();
   activateWindow();
 }

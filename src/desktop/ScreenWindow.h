@@ -6,9 +6,11 @@
 // screen is unloaded it deletes itself once control is back in Qt's loop.
 #pragma once
 
+#include <QPoint>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "screens/ScreenView.h"
 
@@ -62,12 +64,23 @@ class ScreenWindow : public QWidget, public ScreenView {
 
  private:
   void Place();
+  // Keeps where the window's frame stands in its screen, for the screen
+  // after it.
+  void RememberPlace();
 
   Screen* screen_;
+  // Placed at the centre of the screen, rather than where a screen stood.
+  bool centred_ = false;
   QPointer<QEventLoop> modalLoop_;
 };
 
 // Everything changed: what Shown draws.
 ScreenChanges AllChanged();
+
+// Places a top-level window wholly inside the working area of its screen:
+// its frame at frameAt where it is given, else centred over its owner
+// window, or on the screen when it has none; moved, and made smaller when
+// larger than the area, just enough for the whole of it to show.
+void PlaceOnScreen(QWidget* window, std::optional<QPoint> frameAt = std::nullopt);
 
 }  // namespace corvalin

@@ -43,8 +43,7 @@ void Screen::Hide() {
 }
 
 void Screen::HandOverTo(Screen& next) {
-  next.Left = Left;
-  next.Top = Top;
+  next.PlaceLike(*this);
   next.Show();
   Hide();
 }

@@ -51,8 +51,18 @@ class Screen : public ModalWindow {
   // though its Cancel had been pressed.
   virtual void DismissAsCancelled() { Hide(); }
 
+  // Where the window's frame stands on the screen, in pixels, once it has
+  // a place: the first screen is centred, each other opens where the one
+  // before it stood.
   int Left = 0;
   int Top = 0;
+  bool Placed = false;
+  // Takes the place of another screen.
+  void PlaceLike(const Screen& other) {
+    Left = other.Left;
+    Top = other.Top;
+    Placed = other.Placed;
+  }
   std::string Caption;
   int HelpContextID = 0;
 

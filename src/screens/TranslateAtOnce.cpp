@@ -12,8 +12,7 @@ bool TranslateAtOnce(Screen& from) {
   const bool gridWasLoaded = App().HeadersLoaded();
   PrepareDatabase();
   frmHeaders& headers = App().Headers();
-  headers.Left = from.Left;
-  headers.Top = from.Top;
+  headers.PlaceLike(from);
   if (!Run().BusyCancelled) {
     if (!gridWasLoaded && Run().UseTemplate) headers.Form_Activate();
     if (headers.Validate()) {

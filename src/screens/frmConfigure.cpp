@@ -82,8 +82,7 @@ void frmConfigure::Form_Load() {
     Caption = Title("Set Defaults");
     HelpContextID = kHelpContext;
     const frmTemplate& setup = App().Template();
-    Left = setup.Left;
-    Top = setup.Top;
+    PlaceLike(setup);
 
     cmbVariant.Clear();
     for (const std::string& variant : VariantNames()) cmbVariant.AddItem(variant);

@@ -17,8 +17,7 @@ void frmLocationRecord::Form_Load() {
     Run().CurrentScreen = "LocationRecord";
     Caption = std::string(ApplicationTitle) + LocationRecordCaptionSuffix;
     const frmLocation& location = App().Location();
-    Left = location.Left;
-    Top = location.Top;
+    PlaceLike(location);
     tabLocationRecords.TabCaption = {"Record Type A"};
     tabLocationRecords.TabEnabled = {true};
     lblLocationName1.Caption = "Location Name:";

@@ -386,8 +386,7 @@ void frmSlfRecord::Form_Load() {
     Run().CurrentScreen = "SlfRecord";
     Caption = std::string(ApplicationTitle) + SlfRecordCaptionSuffix;
     frmSlf& slf = App().Slf();
-    Left = slf.Left;
-    Top = slf.Top;
+    PlaceLike(slf);
     SetCaptions(*this);
     PlaceWideningCombos(*this);
 

@@ -487,8 +487,7 @@ void frmTemplate::cmdNext_Click() {
         HandOverTo(columns);
       } else {
         frmColumns& columns = App().Columns();
-        columns.Left = Left;
-        columns.Top = Top;
+        columns.PlaceLike(*this);
         PrepareDatabase();
         frmHeaders& headers = App().Headers();
         headers.cmdNext.Caption = chkEditStandListFile.Checked() ? "Next >>" : "Done";

@@ -1,0 +1,92 @@
+// The wizard's screens in turn on the whole screen, frames included: each
+// screen opens where the one before it stood and lies wholly on the screen.
+// Under a window manager (make screenshots runs one on a 1366x768 screen)
+// these are what a person sees, title bars and all.
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QGuiApplication>
+#include <QPushButton>
+#include <QScreen>
+#include <cstdio>
+#include <deque>
+#include <optional>
+
+#include "Tour.h"
+#include "desktop/QtToolkit.h"
+#include "screens/frmMain.h"
+#include "shell/Toolkit.h"
+
+namespace corvalin::tour {
+namespace {
+
+QtToolkit& Kit() { return dynamic_cast<QtToolkit&>(UI().Kit()); }
+
+template <class T>
+T* Child(QWidget* window, const char* name) {
+  return window->findChild<T*>(QString::fromLatin1(name));
+}
+
+void SaveScreen(Tour& tour, const QString& name) {
+  Tour::Settle(400);
+  QScreen* screen = QGuiApplication::primaryScreen();
+  const QString path = tour.Output() + QLatin1Char('/') + name + QStringLiteral(".png");
+  screen->grabWindow(0).save(path);
+  std::printf("screenshots: %s\n", qPrintable(path));
+}
+
+void Report(QWidget* window) {
+  const QRect frame = window->frameGeometry();
+  const QRect inner = window->geometry();
+  std::printf("placement: %s frame %d,%d %dx%d inside %d,%d %dx%d\n", qPrintable(window->objectName()), frame.x(),
+              frame.y(), frame.width(), frame.height(), inner.x(), inner.y(), inner.width(), inner.height());
+}
+
+const Registration placement{"40-wizard-placement", [](Tour& tour) {
+  const QString home = PrepareConfiguredHome();
+  MainForm().Form_Load();
+  QWidget* setup = tour.Window(QStringLiteral("frmTemplate"));
+  auto* templates = Child<QComboBox>(setup, "cmbTemplate");
+  const int lolo = templates->findText(QStringLiteral("lolo"));
+  templates->setCurrentIndex(lolo);
+  emit templates->activated(lolo);
+  std::deque<QString> files{QDir::cleanPath(Tour::SharedData() + QStringLiteral("/lolo-2022/tree.csv")),
+                            home + QStringLiteral("/Documents/Orvanta/lolo.tre")};
+  Kit().AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
+    if (files.empty()) return std::nullopt;
+    const QString file = files.front();
+    files.pop_front();
+    return file.toStdString();
+  };
+  Child<QPushButton>(setup, "cmdChangeInput")->click();
+  Child<QPushButton>(setup, "cmdChangeOutput")->click();
+  Kit().AnswerFileDialog = nullptr;
+  Tour::Settle(300);
+  Report(setup);
+  SaveScreen(tour, QStringLiteral("desktop-setup"));
+  // Moved to the top left corner, as a person may.
+  setup->move(qEnvironmentVariableIntValue("TOUR_X"), qEnvironmentVariableIntValue("TOUR_Y"));
+  Tour::Settle(300);
+  Report(setup);
+  for (int round = 0; round < 3; ++round) {
+    Child<QPushButton>(tour.Window(QStringLiteral("frmTemplate")), "cmdNextTrans")->click();
+    QWidget* columns = tour.Window(QStringLiteral("frmColumns"));
+    Tour::Settle(300);
+    Report(columns);
+    if (round == 0) SaveScreen(tour, QStringLiteral("desktop-columns"));
+    Child<QPushButton>(columns, "cmdNext")->click();
+    QWidget* grid = tour.Window(QStringLiteral("frmHeaders"));
+    Tour::Settle(300);
+    Report(grid);
+    if (round == 0) SaveScreen(tour, QStringLiteral("desktop-grid"));
+    Child<QPushButton>(grid, "cmdBack")->click();
+    Report(tour.Window(QStringLiteral("frmColumns")));
+    Child<QPushButton>(tour.Window(QStringLiteral("frmColumns")), "cmdBack")->click();
+    Tour::Settle(300);
+    Report(tour.Window(QStringLiteral("frmTemplate")));
+  }
+}};
+
+}  // namespace
+}  // namespace corvalin::tour
