@@ -63,8 +63,10 @@ void CentreOnScreen(QWidget* window) {
   PlaceOnScreen(window);
 }
 
-// frmBusyMessage: Cancel, or a close that the program did not ask for, sets
-// BusyCancelled; the window stays as it is.
+// frmBusyMessage: Cancel (and Escape) sets BusyCancelled and the window
+// stays as it is; a close that the program did not ask for (its close box)
+// sets BusyCancelled and the window goes. A loop that ignores the flag (the
+// translation) brings it back at its next line.
 class BusyMessageWindow : public QDialog {
  public:
   bool unloading = false;
@@ -72,7 +74,8 @@ class BusyMessageWindow : public QDialog {
  protected:
   void closeEvent(QCloseEvent* event) override {
     if (!unloading) Run().BusyCancelled = true;
-    QDialog::closeEvent(event);
+    event->accept();
+    hide();
   }
   void reject() override {
     if (!unloading) Run().BusyCancelled = true;

@@ -12,12 +12,17 @@
 #include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
+#include "shell/Busy.h"
 #include "shell/EventScope.h"
 
 namespace corvalin {
 
 Application::Application() {
-  SetEventHooks({[this] { DeliverChanges(); }, [this] { DestroyUnloaded(); }});
+  SetEventHooks({[this] { DeliverChanges(); },
+                 [this] {
+                   HideBusyLeftOver();
+                   DestroyUnloaded();
+                 }});
 }
 
 Application::~Application() {

@@ -34,4 +34,10 @@ void HideBusy() {
   UI().DoEvents();
 }
 
+void HideBusyLeftOver() {
+  if (Run().CommandLineMode || !Run().BusyWindowLoaded) return;
+  UI().HideBusyWindow();
+  Run().BusyWindowLoaded = false;
+}
+
 }  // namespace corvalin

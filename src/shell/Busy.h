@@ -17,5 +17,10 @@ void ShowBusy(const std::string& title, const std::string& text);
 void ShowBusyCount(std::string_view title, std::string_view prefix, long count);
 // Takes the busy window down (interactive run) and lets pending events run.
 void HideBusy();
+// Takes down a busy window that the event which showed it left up: a load or
+// a translation that failed half way reports its failure and ends without
+// its HideBusy, and the window it showed must not stay on the screen with
+// nothing behind it. Runs no pending events.
+void HideBusyLeftOver();
 
 }  // namespace corvalin

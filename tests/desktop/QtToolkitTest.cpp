@@ -144,11 +144,25 @@ class QtToolkitTest : public QObject {
     QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("Line 2"));
   }
 
-  void ClosingTheBusyWindowByTheUserSetsBusyCancelled() {
+  void ClosingTheBusyWindowByItsCloseBoxSetsBusyCancelledAndTheWindowGoes() {
     QtToolkit toolkit;
     toolkit.ShowBusyWindow("Loading", "x");
+    QVERIFY(toolkit.BusyWindow()->isVisible());
     toolkit.BusyWindow()->close();
     QVERIFY(Run().BusyCancelled);
+    QVERIFY(!toolkit.BusyWindow()->isVisible());
+    // A loop that goes on (a translation ignores the flag) shows it again.
+    toolkit.ShowBusyWindow("Loading", "y");
+    QVERIFY(toolkit.BusyWindow()->isVisible());
+    QCOMPARE(toolkit.BusyMessageLabel()->text(), QStringLiteral("y"));
+  }
+
+  void EscapeInTheBusyWindowIsItsCancel() {
+    QtToolkit toolkit;
+    toolkit.ShowBusyWindow("Loading", "x");
+    QTest::keyClick(toolkit.BusyWindow(), Qt::Key_Escape);
+    QVERIFY(Run().BusyCancelled);
+    QVERIFY(toolkit.BusyWindow()->isVisible());
   }
 
   void HidingTheBusyWindowByTheProgramIsNoCancel() {

@@ -17,6 +17,7 @@
 #include "screens/frmHeaders.h"
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
+#include "shell/EventScope.h"
 #include "shell/RunState.h"
 #include "shell/Settings.h"
 #include "templates/TemplateCommands.h"
@@ -370,6 +371,22 @@ TEST_F(LoadTable, LineWithANullCharacterStopsTheLoadAndNamesTheLine) {
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0], Expected(1, {"p1", "1", "DF", "12.5"}));
   EXPECT_TRUE(Run().ReloadNeeded);
+}
+
+// The failure is reported, the pointer stays busy as a failed routine
+// leaves it, and the busy window the load showed goes when the event ends.
+TEST_F(LoadTable, ALoadThatFailsLeavesNoBusyWindowOnceItsEventEnds) {
+  Input(std::string("p1,1,DF,12.5\r\np1,2\0,WH,8\r\np1,3,DF,9\r\n", 37));
+  {
+    EventScope event;
+    PrepareDatabase();
+    EXPECT_TRUE(Run().BusyWindowLoaded);
+    EXPECT_EQ(ui.busyHides, 0);
+  }
+  EXPECT_EQ(ui.boxes.size(), 1u);
+  EXPECT_FALSE(Run().BusyWindowLoaded);
+  EXPECT_EQ(ui.busyHides, 1);
+  EXPECT_TRUE(ui.busyPointer);
 }
 
 // A line of 32,767 characters cannot be counted in either column mode: in

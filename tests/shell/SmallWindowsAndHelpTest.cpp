@@ -42,6 +42,24 @@ TEST_F(SmallWindows, HideBusyInAnInteractiveRunUnloadsTheWindow) {
   EXPECT_EQ(ui.doEvents, 2);
 }
 
+TEST_F(SmallWindows, ABusyWindowLeftOverIsTakenDownWithoutRunningEvents) {
+  ShowBusy("Loading", "x");
+  HideBusyLeftOver();
+  EXPECT_EQ(ui.busyHides, 1);
+  EXPECT_FALSE(Run().BusyWindowLoaded);
+  EXPECT_EQ(ui.doEvents, 1);
+  // Nothing left over: nothing to take down.
+  HideBusyLeftOver();
+  EXPECT_EQ(ui.busyHides, 1);
+}
+
+TEST_F(SmallWindows, NoBusyWindowIsLeftOverInABatchRun) {
+  Run().CommandLineMode = true;
+  ShowBusy("Loading", "x");
+  HideBusyLeftOver();
+  EXPECT_EQ(ui.busyHides, 0);
+}
+
 TEST_F(SmallWindows, AppendSetsAppendToOutput) {
   ui.appendChoices = {AppendChoice::Append};
   Run().AppendCancelled = true;
