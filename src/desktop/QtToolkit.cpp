@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "desktop/FileDialogs.h"
 #include "desktop/ScreenWindow.h"
 #include "screens/Screen.h"
 #include "shell/RunState.h"
@@ -136,17 +137,12 @@ Answer QtToolkit::Message(const MessageRequest& request) {
 
 std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
   if (AnswerFolderDialog) return AnswerFolderDialog(title, initialFolder).value_or("");
-  const QString folder = QFileDialog::getExistingDirectory(nullptr, ToQt(title), PathToQt(initialFolder));
-  return PathFromQt(folder);
+  return PathFromQt(ChooseFolder(QApplication::activeWindow(), ToQt(title), PathToQt(initialFolder)));
 }
 
 std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
   if (AnswerFileDialog) return AnswerFileDialog(request).value_or(request.fileName);
-  QString start = PathToQt(request.initialFolder);
-  if (!request.fileName.empty()) start = QDir(start).filePath(PathToQt(request.fileName));
-  const QString filter = QtFilterOf(request.filter);
-  QString chosen = request.save ? QFileDialog::getSaveFileName(nullptr, ToQt(request.title), start, filter)
-                                : QFileDialog::getOpenFileName(nullptr, ToQt(request.title), start, filter);
+  const QString chosen = ChooseFile(QApplication::activeWindow(), request);
   if (chosen.isEmpty()) return request.fileName;
   return PathFromQt(chosen);
 }

@@ -4,6 +4,7 @@
 // way to answer the modal window that comes up next.
 #pragma once
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>

@@ -1,0 +1,87 @@
+#include "desktop/FileDialogs.h"
+
+#include <QAbstractFileIconProvider>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStyle>
+
+#include "desktop/QtToolkit.h"
+#include "shell/Toolkit.h"
+
+namespace corvalin {
+
+namespace {
+
+// Icons and type names by the kind of entry and its name's extension.
+class NameOnlyIcons : public QAbstractFileIconProvider {
+ public:
+  QIcon icon(IconType type) const override {
+    QStyle* style = QApplication::style();
+    switch (type) {
+      case Folder: return style->standardIcon(QStyle::SP_DirIcon);
+      case Drive: return style->standardIcon(QStyle::SP_DriveHDIcon);
+      case Computer: return style->standardIcon(QStyle::SP_ComputerIcon);
+      case Network: return style->standardIcon(QStyle::SP_DriveNetIcon);
+      case Trashcan: return style->standardIcon(QStyle::SP_TrashIcon);
+      case Desktop: return style->standardIcon(QStyle::SP_DesktopIcon);
+      case File: return style->standardIcon(QStyle::SP_FileIcon);
+    }
+    return style->standardIcon(QStyle::SP_FileIcon);
+  }
+  QIcon icon(const QFileInfo& info) const override {
+    if (info.isSymLink()) {
+      return QApplication::style()->standardIcon(info.isDir() ? QStyle::SP_DirLinkIcon : QStyle::SP_FileLinkIcon);
+    }
+    return icon(info.isDir() ? Folder : File);
+  }
+  QString type(const QFileInfo& info) const override {
+    if (info.isDir()) return QStringLiteral("Folder");
+    if (!info.isFile()) return QStringLiteral("Special file");
+    const QString extension = info.suffix();
+    if (extension.isEmpty()) return QStringLiteral("File");
+    return extension.toUpper() + QStringLiteral(" File");
+  }
+};
+
+NameOnlyIcons& Icons() {
+  static NameOnlyIcons icons;
+  return icons;
+}
+
+void Prepare(QFileDialog& dialog) {
+  // Qt's own dialog, whose listing this program controls.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);
+  dialog.setIconProvider(&Icons());
+}
+
+}  // namespace
+
+QString ChooseFile(QWidget* owner, const FileDialogRequest& request) {
+  QFileDialog dialog(owner, ToQt(request.title), PathToQt(request.initialFolder), QtFilterOf(request.filter));
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  Prepare(dialog);
+  dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  const QStringList filters = dialog.nameFilters();
+  if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
+    dialog.selectNameFilter(filters[request.filterIndex - 1]);
+  if (!request.fileName.empty())
+    dialog.selectFile(QDir(PathToQt(request.initialFolder)).filePath(PathToQt(request.fileName)));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return dialog.selectedFiles().constFirst();
+}
+
+QString ChooseFolder(QWidget* owner, const QString& title, const QString& initialFolder) {
+  QFileDialog dialog(owner, title, initialFolder);
+  dialog.setObjectName(QStringLiteral("BrowseForFolder"));
+  Prepare(dialog);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return dialog.selectedFiles().constFirst();
+}
+
+}  // namespace corvalin

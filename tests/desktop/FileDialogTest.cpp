@@ -1,0 +1,114 @@
+// The file and folder dialogs list any folder without reading a file: on
+// /proc, whose files may never answer a read, and on a folder with a fifo,
+// they show every entry by name and kind and close when the person cancels.
+// A dialog that read a file there would not come back, and the test with it.
+#include <sys/stat.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/QtTest>
+#include <functional>
+
+#include "DesktopHome.h"
+#include "desktop/QtToolkit.h"
+
+using namespace corvalin;
+using namespace corvalin::desktoptest;
+
+namespace {
+
+// What the dialog showed of its folder: each entry's name and type.
+struct Listing {
+  QStringList names;
+  QStringList types;
+};
+
+// Once the dialog is up, waits until its folder is listed with every entry's
+// type (the listing runs on a thread of its own), keeps what it shows, and
+// cancels it.
+void ListThenCancel(const QString& folder, Listing& seen) {
+  WhenModal([folder, &seen](QWidget* modal) {
+    auto* dialog = qobject_cast<QFileDialog*>(modal);
+    QVERIFY(dialog != nullptr);
+    auto* model = dialog->findChild<QFileSystemModel*>();
+    QVERIFY(model != nullptr);
+    const QModelIndex root = model->index(folder);
+    for (;;) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents);
+      if (model->canFetchMore(root)) model->fetchMore(root);
+      const int rows = model->rowCount(root);
+      bool typed = rows > 0;
+      for (int row = 0; row < rows && typed; ++row) typed = !model->type(model->index(row, 0, root)).isEmpty();
+      if (typed) break;
+      QThread::yieldCurrentThread();
+    }
+    for (int row = 0; row < model->rowCount(root); ++row) {
+      const QModelIndex entry = model->index(row, 0, root);
+      seen.names << model->fileName(entry);
+      seen.types << model->type(entry);
+      (void)model->data(entry, Qt::DecorationRole);
+    }
+    dialog->reject();
+  });
+}
+
+}  // namespace
+
+class FileDialogTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theOpenDialogListsProcAndCloses() {
+    QtToolkit toolkit;
+    Listing seen;
+    ListThenCancel(QStringLiteral("/proc"), seen);
+    FileDialogRequest request;
+    request.title = "Select Input File";
+    request.initialFolder = "/proc/";
+    request.fileName = "trees.csv";
+    request.filter = "All Files (*.*)|*.*";
+    QCOMPARE(toolkit.ShowFileDialog(request), std::string("trees.csv"));
+    QVERIFY(seen.names.contains(QStringLiteral("self")));
+    QVERIFY(seen.names.contains(QStringLiteral("cpuinfo")));
+    // Named by its kind and name only.
+    QCOMPARE(seen.types[seen.names.indexOf(QStringLiteral("cpuinfo"))], QStringLiteral("File"));
+  }
+
+  void theSaveDialogListsAFolderWithAFifoAndCloses() {
+    QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    QVERIFY(::mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("trees.csv"))).constData(), 0600) == 0);
+    QFile plain(folder.filePath(QStringLiteral("plots")));
+    QVERIFY(plain.open(QIODevice::WriteOnly));
+    plain.write("a plain file whose name tells nothing\n");
+    plain.close();
+    QtToolkit toolkit;
+    Listing seen;
+    ListThenCancel(folder.path(), seen);
+    FileDialogRequest request;
+    request.title = "Select Output File";
+    request.initialFolder = folder.path().toStdString() + "/";
+    request.filter = "Text (*.csv)|*.csv|All Files (*.*)|*.*";
+    request.filterIndex = 2;
+    request.save = true;
+    QCOMPARE(toolkit.ShowFileDialog(request), std::string());
+    // A fifo is no file to choose, and is not listed.
+    QCOMPARE(seen.names, QStringList{QStringLiteral("plots")});
+    QCOMPARE(seen.types, QStringList{QStringLiteral("File")});
+  }
+
+  void theFolderDialogListsProcAndCloses() {
+    QtToolkit toolkit;
+    Listing seen;
+    ListThenCancel(QStringLiteral("/proc"), seen);
+    QCOMPARE(toolkit.BrowseForFolder("Select the Data folder", "/proc/"), std::string());
+    QVERIFY(seen.names.contains(QStringLiteral("self")));
+  }
+};
+
+QTEST_MAIN(FileDialogTest)
+#include "FileDialogTest.moc"
