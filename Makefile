@@ -8,6 +8,9 @@
 BUILD ?= build
 ARGS ?=
 GENERATOR ?= Ninja
+# WERROR=1 makes every compiler warning an error (continuous integration).
+WERROR ?=
+WARNINGS = -DCORVALIN_WERROR=$(if $(WERROR),ON,OFF)
 
 .PHONY: all deps configure build run test sanitize bench fuzz soak soak-sanitize screenshots install clean
 
@@ -18,7 +21,7 @@ deps:
 
 # Configured once; cmake itself re-runs when CMakeLists.txt changes.
 $(BUILD)/CMakeCache.txt: | deps
-	cmake -S . -B $(BUILD) -G $(GENERATOR)
+	cmake -S . -B $(BUILD) -G $(GENERATOR) $(WARNINGS)
 
 configure: deps $(BUILD)/CMakeCache.txt
 
@@ -34,7 +37,7 @@ test: build
 # The whole suite again under AddressSanitizer and UndefinedBehaviorSanitizer.
 SANITIZE_BUILD ?= build-sanitize
 sanitize: deps
-	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF
+	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF $(WARNINGS)
 	cmake --build $(SANITIZE_BUILD)
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j$$(nproc)

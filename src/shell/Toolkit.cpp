@@ -90,7 +90,11 @@ bool UserInterface::OpenHelp(const std::string& helpFile, const std::string& top
 
 void UserInterface::Beep() { Kit().Beep(); }
 
-void UserInterface::EndProcess(int exitCode) { Kit().EndProcess(exitCode); }
+void UserInterface::EndProcess(int exitCode) {
+  Kit().EndProcess(exitCode);
+  // A Toolkit's EndProcess never returns; the process ends here all the same.
+  std::_Exit(exitCode);
+}
 
 UserInterface& UI() {
   static UserInterface door;

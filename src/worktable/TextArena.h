@@ -40,7 +40,8 @@ class TextArena {
   void reserve(std::size_t n) {
     if (n <= capacity_) return;
     std::unique_ptr<char[]> grown(new char[n]);
-    if (size_ > 0) std::memcpy(grown.get(), text_.get(), size_);
+    // size_ <= capacity_ < n; the bound is said again for the compiler.
+    if (size_ > 0) std::memcpy(grown.get(), text_.get(), std::min(size_, n));
     text_ = std::move(grown);
     capacity_ = n;
   }
