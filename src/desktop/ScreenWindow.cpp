@@ -5,10 +5,15 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLayout>
 #include <QMoveEvent>
 #include <QPushButton>
+#include <memory>
 #include <QScreen>
 
+#include "desktop/Accessibility.h"
+#include "desktop/Keyboard.h"
 #include "screens/Screen.h"
 #include "screens/WindowPlace.h"
 #include "shell/EventScope.h"
@@ -32,6 +37,26 @@ ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent) : QWidget(parent, Qt
 ScreenWindow::~ScreenWindow() {
   if (modalLoop_) modalLoop_->quit();
   if (screen_ != nullptr) screen_->Attach(nullptr);
+}
+
+void OnPersonChange(QAbstractButton* button, QObject* context, std::function<void(bool checked)> act) {
+  // A click turns the button first and says "clicked" after: the turn is
+  // acted on, and the click that follows it is not acted on again.
+  auto turned = std::make_shared<bool>(false);
+  QObject::connect(button, &QAbstractButton::toggled, context, [button, act, turned](bool checked) {
+    // An option that another one's choice turned off is no change of the
+    // person's.
+    if (!checked && button->autoExclusive()) return;
+    *turned = true;
+    act(checked);
+  });
+  QObject::connect(button, &QAbstractButton::clicked, context, [button, act, turned] {
+    if (*turned) {
+      *turned = false;
+      return;
+    }
+    act(button->isChecked());
+  });
 }
 
 void ScreenWindow::Fire(const std::function<void()>& event) {
@@ -117,6 +142,25 @@ void ScreenWindow::RememberPlace() {
   screen_->Placed = true;
 }
 
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  // Enter is the default button's, Escape the Cancel button's, where the
+  // window has them and they can be pressed; a control that takes the key
+  // itself (a list that is open, a cell being edited) has it first.
+  QPushButton* button = nullptr;
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && event->modifiers() == Qt::NoModifier) {
+    for (QPushButton* candidate : findChildren<QPushButton*>())
+      if (candidate->isDefault() && candidate->window() == this) button = candidate;
+  } else if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+    button = findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+  }
+  if (button != nullptr && button->isVisible() && button->isEnabled()) {
+    button->click();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
 void ScreenWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   RememberPlace();
@@ -132,6 +176,10 @@ void ScreenWindow::closeEvent(QCloseEvent* event) {
 void ScreenWindow::Shown() {
   Redraw(AllChanged());
   emit Redrawn();
+  if (layout() != nullptr) layout()->activate();
+  OrderTabsByReading(this);
+  NameFieldsByTheirLabels(this);
+  GiveAccessKeys(this);
   Place();
   show();
   RememberPlace();
@@ -146,6 +194,7 @@ void ScreenWindow::Hidden() {
 
 void ScreenWindow::Changed(const ScreenChanges& changes) {
   Redraw(changes);
+  if (changes.controls) GiveAccessKeys(this);
   emit Redrawn();
 }
 

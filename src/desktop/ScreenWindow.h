@@ -58,6 +58,8 @@ class ScreenWindow : public QWidget, public ScreenView {
   // or centred on the screen when the screen has no place yet; a move by the
   // person is kept in the screen.
   void moveEvent(QMoveEvent* event) override;
+  // Enter presses the default button, Escape the Cancel button.
+  void keyPressEvent(QKeyEvent* event) override;
   // The close box of a dialog is its Cancel; a wizard screen asks the quit
   // question instead (its window says so).
   void closeEvent(QCloseEvent* event) override;
@@ -76,6 +78,13 @@ class ScreenWindow : public QWidget, public ScreenView {
 
 // Everything changed: what Shown draws.
 ScreenChanges AllChanged();
+
+// Runs act, with the new state, whenever the person changes a check box or
+// chooses an option: by a click, by a key, or through a screen reader, whose
+// action turns the box without a click. A click on the option already chosen
+// runs it too, as such a click does. The program's own drawing blocks the
+// button's signals and runs nothing.
+void OnPersonChange(QAbstractButton* button, QObject* context, std::function<void(bool checked)> act);
 
 // Places a top-level window wholly inside the working area of its screen:
 // its frame at frameAt where it is given, else centred over its owner

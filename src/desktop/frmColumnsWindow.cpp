@@ -125,9 +125,8 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
   layout->addLayout(previewGrid);
   layout->addLayout(buttons);
 
-  connect(optCharacterDelimited_, &QRadioButton::clicked, this,
-          [this] { Fire([this] { Columns().optCharacterDelimited_Click(); }); });
-  connect(optFixedWidth_, &QRadioButton::clicked, this, [this] { Fire([this] { Columns().optFixedWidth_Click(); }); });
+  OnPersonChange(optCharacterDelimited_, this, [this](bool) { Fire([this] { Columns().optCharacterDelimited_Click(); }); });
+  OnPersonChange(optFixedWidth_, this, [this](bool) { Fire([this] { Columns().optFixedWidth_Click(); }); });
   connect(txtOtherCharacter_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Fire([this, text] {
       Columns().txtOtherCharacter.Text = text.toLatin1().toStdString();
@@ -168,7 +167,7 @@ QPushButton* frmColumnsWindow::NewButton(const char* name, void (frmColumns::*ev
 QCheckBox* frmColumnsWindow::NewCheck(const char* name, CheckBox frmColumns::*box, void (frmColumns::*event)()) {
   auto* check = new QCheckBox(this);
   check->setObjectName(QString::fromLatin1(name));
-  connect(check, &QCheckBox::clicked, this, [this, box, event](bool checked) {
+  OnPersonChange(check, this, [this, box, event](bool checked) {
     Fire([this, box, event, checked] {
       (Columns().*box).Value = checked ? 1 : 0;
       (Columns().*event)();

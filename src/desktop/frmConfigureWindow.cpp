@@ -131,13 +131,13 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
   layout->addSpacing(6);
   layout->addLayout(buttons);
 
-  connect(chkTranslateFile_, &QCheckBox::clicked, this, [this](bool on) {
+  OnPersonChange(chkTranslateFile_, this, [this](bool on) {
     Fire([this, on] {
       Defaults().chkTranslateFile.Value = on ? 1 : 0;
       Defaults().chkTranslateFile_Click();
     });
   });
-  connect(chkEditStandListFile_, &QCheckBox::clicked, this, [this](bool on) {
+  OnPersonChange(chkEditStandListFile_, this, [this](bool on) {
     Fire([this, on] {
       Defaults().chkEditStandListFile.Value = on ? 1 : 0;
       Defaults().chkEditStandListFile_Click();
@@ -155,13 +155,13 @@ frmConfigureWindow::frmConfigureWindow(frmConfigure& screen) : ScreenWindow(scre
           [this](int index) { Fire([this, index] { Defaults().cmbTemplate.Select(index); }); });
   connect(cmbVariant_, &QComboBox::activated, this,
           [this](int index) { Fire([this, index] { Defaults().cmbVariant.Select(index); }); });
-  connect(optMetric_, &QRadioButton::clicked, this, [this] {
+  OnPersonChange(optMetric_, this, [this](bool) {
     Fire([this] {
       Defaults().optMetric.Value = true;
       Defaults().optImperial.Value = false;
     });
   });
-  connect(optImperial_, &QRadioButton::clicked, this, [this] {
+  OnPersonChange(optImperial_, this, [this](bool) {
     Fire([this] {
       Defaults().optMetric.Value = false;
       Defaults().optImperial.Value = true;

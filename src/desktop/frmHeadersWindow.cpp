@@ -266,11 +266,11 @@ void frmHeadersWindow::Connect() {
   connect(edit_, &QPushButton::clicked, this, fire(&frmHeaders::cmdEditTemplateCommands_Click));
   connect(help_, &QPushButton::clicked, this, fire(&frmHeaders::cmdHelp_Click));
   connect(quit_, &QPushButton::clicked, this, fire(&frmHeaders::cmdQuit_Click));
-  connect(metric_, &QRadioButton::clicked, this, fire(&frmHeaders::optMetric_Click));
-  connect(imperial_, &QRadioButton::clicked, this, fire(&frmHeaders::optImperial_Click));
+  OnPersonChange(metric_, this, [act = fire(&frmHeaders::optMetric_Click)](bool) { act(); });
+  OnPersonChange(imperial_, this, [act = fire(&frmHeaders::optImperial_Click)](bool) { act(); });
 
   auto check = [this](QCheckBox* box, CheckBox frmHeaders::*control, void (frmHeaders::*event)()) {
-    connect(box, &QCheckBox::clicked, this, [this, control, event](bool checked) {
+    OnPersonChange(box, this, [this, control, event](bool checked) {
       if (headers_ == nullptr || drawing_) return;
       frmHeaders& screen = Headers();
       Fire([&] {

@@ -129,7 +129,7 @@ QPushButton* frmTemplateWindow::NewButton(const char* name, void (frmTemplate::*
 QCheckBox* frmTemplateWindow::NewCheck(const char* name, CheckBox frmTemplate::*box, void (frmTemplate::*event)()) {
   auto* check = new QCheckBox(this);
   check->setObjectName(QString::fromLatin1(name));
-  connect(check, &QCheckBox::clicked, this, [this, box, event](bool checked) {
+  OnPersonChange(check, this, [this, box, event](bool checked) {
     Fire([this, box, event, checked] {
       (Setup().*box).Value = checked ? 1 : 0;
       (Setup().*event)();
