@@ -14,8 +14,8 @@ void NameFieldsByTheirLabels(QWidget* window) {
   for (QLabel* label : window->findChildren<QLabel*>()) {
     if (label->window() != window) continue;
     const QString caption = PlainCaption(label->text()).trimmed();
-    if (!caption.endsWith(QLatin1Char(':'))) continue;
     QWidget* field = label->buddy();
+    if (field == nullptr && !caption.endsWith(QLatin1Char(':'))) continue;
     if (field == nullptr) {
       const QRect labelRect(label->mapTo(window, QPoint(0, 0)), label->size());
       int nearest = std::numeric_limits<int>::max();
@@ -32,7 +32,8 @@ void NameFieldsByTheirLabels(QWidget* window) {
       if (field == nullptr) continue;
       label->setBuddy(field);
     }
-    if (field->accessibleName().isEmpty()) field->setAccessibleName(caption.chopped(1).trimmed());
+    if (field->accessibleName().isEmpty())
+      field->setAccessibleName(caption.endsWith(QLatin1Char(':')) ? caption.chopped(1).trimmed() : caption);
   }
 }
 

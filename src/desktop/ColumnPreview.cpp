@@ -105,6 +105,26 @@ void ColumnPreview::paintEvent(QPaintEvent*) {
   }
 }
 
+void ColumnPreview::DescribeForReaders() {
+  if (screen_ == nullptr) return;
+  QStringList text;
+  const QStringList numbers = LinesOf(screen_->lblLineNumbers.Caption);
+  const QStringList rows = LinesOf(screen_->lblFileView.Caption);
+  for (qsizetype i = 0; i < rows.size() && i < kPreviewLinesShown; ++i)
+    text << (i < numbers.size() ? numbers[i] : QString()) + QStringLiteral(": ") + rows[i];
+  QStringList positions;
+  for (std::size_t k = 1; k < screen_->lneColumnMarker.size(); ++k) {
+    const ColumnLine& line = screen_->lneColumnMarker[k];
+    if (!line.Visible || screen_->CharacterWidth <= 0) continue;
+    positions << QString::number(static_cast<int>(line.X / screen_->CharacterWidth + 0.5));
+  }
+  text << (positions.isEmpty() ? QStringLiteral("No column lines.")
+                               : QStringLiteral("Column lines after characters ") + positions.join(QStringLiteral(", ")) +
+                                     QLatin1Char('.'));
+  const QString description = text.join(QLatin1Char('\n'));
+  if (accessibleDescription() != description) setAccessibleDescription(description);
+}
+
 bool ColumnPreview::PositionAt(const QPointF& point, int& position) const {
   if (point.x() < gutter_) return false;
   // The controller adds half a character and divides by the character's

@@ -37,6 +37,9 @@ class ColumnPreview : public QWidget {
   int TextAreaWidth() const;
 
   void Detach() { screen_ = nullptr; }
+  // Tells a screen reader what the preview shows: its lines, numbered, and
+  // after which characters the column lines stand. Called at each redraw.
+  void DescribeForReaders();
 
  signals:
   // The mouse wheel over the preview: lines to scroll (positive: down).

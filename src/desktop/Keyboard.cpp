@@ -112,6 +112,14 @@ void GiveAccessKeys(QWidget* window) {
       if (label->buddy() == control && label->window() == window) owners.push_back(label);
     if (qobject_cast<QAbstractButton*>(control) != nullptr) owners.push_back(control);
   }
+  // The controls a person can use now are served first; a disabled one
+  // (the other half of the first screen) takes what is left.
+  auto usable = [](QWidget* owner) {
+    auto* label = qobject_cast<QLabel*>(owner);
+    QWidget* control = label != nullptr ? label->buddy() : owner;
+    return control->isEnabled() && !control->isHidden();
+  };
+  std::stable_partition(owners.begin(), owners.end(), usable);
   std::vector<std::string> captions;
   std::vector<QString> plain;
   for (QWidget* owner : owners) {

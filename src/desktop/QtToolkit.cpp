@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -23,6 +24,7 @@
 #include <cstdlib>
 
 #include "desktop/FileDialogs.h"
+#include "desktop/Keyboard.h"
 #include "desktop/ScreenWindow.h"
 #include "screens/Screen.h"
 #include "shell/RunState.h"
@@ -59,8 +61,14 @@ QString QtFilterOf(const std::string& filter) {
 
 namespace {
 
+// Lays the small window out, gives its buttons their access keys and Tab
+// its reading order, and centres it over the window in front (over the
+// screen when there is none).
 void CentreOnScreen(QWidget* window) {
   window->adjustSize();
+  if (window->layout() != nullptr) window->layout()->activate();
+  OrderTabsByReading(window);
+  GiveAccessKeys(window);
   PlaceOnScreen(window);
 }
 

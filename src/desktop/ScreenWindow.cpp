@@ -176,12 +176,13 @@ void ScreenWindow::closeEvent(QCloseEvent* event) {
 void ScreenWindow::Shown() {
   Redraw(AllChanged());
   emit Redrawn();
-  if (layout() != nullptr) layout()->activate();
+  Place();
+  show();
+  // Shown, every block of the window is laid out: the reading order and
+  // the fields beside their labels are where the person sees them.
   OrderTabsByReading(this);
   NameFieldsByTheirLabels(this);
   GiveAccessKeys(this);
-  Place();
-  show();
   RememberPlace();
   raise();
   activateWindow();

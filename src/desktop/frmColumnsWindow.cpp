@@ -49,10 +49,12 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
   lblTextQualifiers_->setObjectName(QStringLiteral("lblTextQualifiers"));
   cmbTextQualifiers_ = new QComboBox(this);
   cmbTextQualifiers_->setObjectName(QStringLiteral("cmbTextQualifiers"));
+  lblTextQualifiers_->setBuddy(cmbTextQualifiers_);
 
   // The width of a preview character is measured before the screen loads:
   // the load places the markers with it.
   preview_ = new ColumnPreview(screen, this);
+  preview_->setAccessibleName(QStringLiteral("File preview"));
   screen.CharacterWidth = preview_->CharacterWidth();
   VScroll1_ = new QScrollBar(Qt::Vertical, this);
   VScroll1_->setObjectName(QStringLiteral("VScroll1"));
@@ -223,6 +225,7 @@ void frmColumnsWindow::Redraw(const ScreenChanges& changes) {
   DrawButton(cmdNext_, s.cmdNext);
   DrawButton(cmdFinish_, s.cmdFinish);
   preview_->update();
+  preview_->DescribeForReaders();
 }
 
 void frmColumnsWindow::closeEvent(QCloseEvent* event) {

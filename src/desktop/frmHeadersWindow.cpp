@@ -36,7 +36,8 @@ namespace {
 
 constexpr int kButtonWidth = 16;
 constexpr int kListWidth = 240;
-constexpr int kListHeight = 180;
+// A longer list scrolls: the species of a variant run to a hundred.
+constexpr int kListRowsShown = 12;
 
 QString DrawnText(const std::string& text) { return ToQt(text); }
 
@@ -130,6 +131,7 @@ void frmHeadersWindow::BuildControls() {
   model_ = new GridModel(screen, this);
   table_ = new QTableView(this);
   table_->setObjectName(QStringLiteral("TDBGrid1"));
+  table_->setAccessibleName(QStringLiteral("Rows of the input file"));
   table_->setModel(model_);
   table_->setItemDelegate(new GridButtonDelegate(*this));
   table_->setSelectionMode(QAbstractItemView::NoSelection);
@@ -237,13 +239,18 @@ void frmHeadersWindow::BuildControls() {
   layout->addLayout(groups);
   layout->addLayout(buttons);
 
+  // Each list is read out by the type of the column it serves.
+  static const std::array<const char*, 8> kTypes = {"Species", "Tree History", "Crown Ratio", "Tree Value Class",
+                                                   "Cut/Leave Prescription", "Plot US Habitat Type",
+                                                   "Plot Topographic Position", "Plot Site Preparation"};
   static const std::array<const char*, 8> kNames = {
       "lstSpecies",         "lstTreeHistory", "lstCrownRatio", "lstTreeValueClass", "lstCutLeavePrescription",
       "lstPlotHabitat", "lstPlotTopographicalPosition", "lstPlotSitePreparation"};
   for (int i = 0; i < frmHeaders::kPickLists; ++i) {
     auto* list = new QListWidget(this);
     list->setObjectName(QString::fromLatin1(kNames[static_cast<std::size_t>(i)]));
-    list->setFixedSize(kListWidth, kListHeight);
+    list->setAccessibleName(QString::fromLatin1(kTypes[static_cast<std::size_t>(i)]) + QStringLiteral(" codes"));
+    list->setFixedWidth(kListWidth);
     list->hide();
     list->installEventFilter(this);
     pickLists_[static_cast<std::size_t>(i)] = list;
@@ -406,6 +413,7 @@ void frmHeadersWindow::DrawPickList(int index) {
     return;
   }
   list->setCurrentRow(control.ListIndex);
+  list->setFixedHeight(ListHeight(list->count()));
   list->move(screen.PickListLeft, screen.PickListTop);
   if (!list->isVisible()) {
     list->show();
@@ -472,15 +480,15 @@ void frmHeadersWindow::PressCellButton(int row, int column) {
   });
 }
 
-void frmHeadersWindow::MouseUp(int x, int y) {
+void frmHeadersWindow::MouseUp(int x, int y, std::optional<QPoint> menuAt) {
   if (headers_ == nullptr) return;
   frmHeaders& screen = Headers();
   activateWindow();
   Fire([&] { screen.TDBGrid1_MouseUp(2, 0, x, y); });
-  ShowPopupMenu();
+  ShowPopupMenu(menuAt.value_or(QCursor::pos()));
 }
 
-void frmHeadersWindow::ShowPopupMenu() {
+void frmHeadersWindow::ShowPopupMenu(const QPoint& at) {
   if (headers_ == nullptr || Headers().PopupMenu == frmHeaders::GridMenu::None) return;
   frmHeaders& screen = Headers();
   QMenu menu(this);
@@ -505,7 +513,7 @@ void frmHeadersWindow::ShowPopupMenu() {
     entry(screen.mnuIncludeRows, &frmHeaders::mnuIncludeRows_Click);
   }
   openMenu_ = &menu;
-  menu.exec(QCursor::pos());
+  menu.exec(at);
   openMenu_ = nullptr;
   if (headers_ != nullptr) {
     frmHeaders& after = Headers();
@@ -551,14 +559,38 @@ bool frmHeadersWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
     const QModelIndex current = table_->currentIndex();
-    if (key->key() == Qt::Key_F4 && current.isValid() && current.column() >= 1 &&
+    // The menu key, or Shift+F10, opens the grid's menu as the right button
+    // does, over the current cell.
+    if (key->key() == Qt::Key_Menu || (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier)) {
+      const QRect cell = current.isValid() ? table_->visualRect(current) : QRect();
+      const QPoint inViewport = cell.isValid() ? cell.center() : QPoint(table_->viewport()->width() / 2, 4);
+      MouseUp(inViewport.x() + RowSelectorWidth(), inViewport.y(), table_->viewport()->mapToGlobal(inViewport));
+      return true;
+    }
+    const bool open = key->key() == Qt::Key_F4 ||
+                      (key->key() == Qt::Key_Down && (key->modifiers() & Qt::AltModifier) != 0);
+    if (open && current.isValid() && current.column() >= 1 &&
         current.column() <= kHeadingColumns && screen.ColumnButton[static_cast<std::size_t>(current.column())]) {
       PressCellButton(current.row(), current.column());
       return true;
     }
   }
   for (int i = 0; i < frmHeaders::kPickLists; ++i) {
-    if (watched != pickLists_[static_cast<std::size_t>(i)] || event->type() != QEvent::FocusOut) continue;
+    QListWidget* list = pickLists_[static_cast<std::size_t>(i)];
+    if (watched == list && event->type() == QEvent::KeyPress) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      // Escape leaves the cell as it is: the list goes as it does when it
+      // loses the focus. Enter picks the entry chosen, as a click does.
+      if (key->key() == Qt::Key_Escape) {
+        table_->setFocus();
+        return true;
+      }
+      if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && list->currentItem() != nullptr) {
+        emit list->itemClicked(list->currentItem());
+        return true;
+      }
+    }
+    if (watched != list || event->type() != QEvent::FocusOut) continue;
     const auto which = static_cast<frmHeaders::PickList>(i);
     if (!drawing_ && screen.PickListControl(which).Visible) Fire([&] { screen.PickList_LostFocus(which); });
   }
@@ -612,7 +644,14 @@ int frmHeadersWindow::GridTop() const { return table_->mapTo(this, QPoint(0, 0))
 int frmHeadersWindow::FormWidth() const { return width(); }
 int frmHeadersWindow::FormHeight() const { return height(); }
 int frmHeadersWindow::ListWidth() const { return kListWidth; }
-int frmHeadersWindow::ListHeight() const { return kListHeight; }
+int frmHeadersWindow::ListHeight(int entries) const {
+  int row = 0;
+  for (const QListWidget* list : pickLists_)
+    if (list->count() > 0) row = std::max(row, list->sizeHintForRow(0));
+  if (row <= 0) row = fontMetrics().height() + 4;
+  const int frame = 2 * pickLists_[0]->frameWidth();
+  return frame + row * std::clamp(entries, 1, kListRowsShown);
+}
 int frmHeadersWindow::RowSelectorWidth() const { return table_->verticalHeader()->width(); }
 
 int frmHeadersWindow::LeftColumn() const { return std::max(0, table_->columnAt(0)); }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "desktop/ScreenWindow.h"
 #include "screens/GridGeometry.h"
@@ -52,7 +53,7 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   int FormWidth() const override;
   int FormHeight() const override;
   int ListWidth() const override;
-  int ListHeight() const override;
+  int ListHeight(int entries) const override;
   int RowSelectorWidth() const override;
   int LeftColumn() const override;
   int VisibleColumns() const override;
@@ -77,8 +78,10 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   void DrawPickList(int list);
   int FirstRowOnView() const;
   // Right button released: the screen chooses the menu, the window shows it.
-  void MouseUp(int x, int y);
-  void ShowPopupMenu();
+  // The right button's release at x, y of the grid: the menu opens at the
+  // pointer, or at menuAt (the current cell, from the keyboard).
+  void MouseUp(int x, int y, std::optional<QPoint> menuAt = std::nullopt);
+  void ShowPopupMenu(const QPoint& at);
   // A cell's drop-down button pressed on this row and column.
   void PressCellButton(int row, int column);
 

@@ -30,9 +30,10 @@ class GridGeometry {
   virtual int GridTop() const = 0;
   virtual int FormWidth() const = 0;
   virtual int FormHeight() const = 0;
-  // The size of a pick list when open.
+  // The size of a pick list when open: as tall as its entries, up to a
+  // most it scrolls beyond.
   virtual int ListWidth() const = 0;
-  virtual int ListHeight() const = 0;
+  virtual int ListHeight(int entries) const = 0;
   // The width of the strip of row selectors at the grid's left.
   virtual int RowSelectorWidth() const = 0;
   // The leftmost column on view and how many columns show; -1 when unknown.
@@ -55,7 +56,7 @@ class NoGridGeometry : public GridGeometry {
   int FormWidth() const override { return 0; }
   int FormHeight() const override { return 0; }
   int ListWidth() const override { return 0; }
-  int ListHeight() const override { return 0; }
+  int ListHeight(int) const override { return 0; }
   int RowSelectorWidth() const override { return 0; }
   int LeftColumn() const override { return -1; }
   int VisibleColumns() const override { return -1; }

@@ -43,6 +43,39 @@ std::vector<int> ChooseMnemonics(const std::vector<std::string>& captions, const
       }
     }
   }
+  // A caption whose letters are all taken ("Save" after Show, Auto-validate,
+  // Validate and Edit) asks the owner of one of them to move to a letter
+  // still free, the first letter of a word if it has one.
+  auto owner = [&](char key) -> std::size_t {
+    for (std::size_t m = 0; m < captions.size(); ++m)
+      if (chosen[m] >= 0 && KeyOf(captions[m][static_cast<std::size_t>(chosen[m])]) == key) return m;
+    return captions.size();
+  };
+  auto freeLetter = [&](std::size_t m, bool wordStartsOnly) -> int {
+    const std::string& caption = captions[m];
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+      const bool startsWord = i == 0 || !IsKeyCharacter(caption[i - 1]);
+      if ((startsWord || !wordStartsOnly) && isFree(caption[i])) return static_cast<int>(i);
+    }
+    return -1;
+  };
+  for (std::size_t n = 0; n < captions.size(); ++n) {
+    if (chosen[n] >= 0) continue;
+    const std::string& caption = captions[n];
+    for (const bool wordStartsOnly : {true, false}) {
+      for (std::size_t i = 0; i < caption.size() && chosen[n] < 0; ++i) {
+        if (!IsKeyCharacter(caption[i])) continue;
+        const std::size_t m = owner(KeyOf(caption[i]));
+        if (m == captions.size()) continue;
+        const int moveTo = freeLetter(m, wordStartsOnly);
+        if (moveTo < 0) continue;
+        chosen[m] = moveTo;
+        used += KeyOf(captions[m][static_cast<std::size_t>(moveTo)]);
+        chosen[n] = static_cast<int>(i);
+      }
+      if (chosen[n] >= 0) break;
+    }
+  }
   return chosen;
 }
 

@@ -221,8 +221,9 @@ void frmHeaders::TDBGrid1_ButtonClick(int column) {
     PickListTop = grid.GridTop() + grid.RowTop(Row);
     if (PickListLeft + grid.ListWidth() > grid.FormWidth())
       PickListLeft = grid.GridLeft() + grid.ColumnLeft(column) - grid.ListWidth();
-    if (PickListTop + grid.ListHeight() > grid.FormHeight() - kListBottomMargin)
-      PickListTop = PickListTop + grid.RowHeight() - grid.ListHeight();
+    const int listHeight = grid.ListHeight(list->ListCount());
+    if (PickListTop + listHeight > grid.FormHeight() - kListBottomMargin)
+      PickListTop = PickListTop + grid.RowHeight() - listHeight;
     list->Visible = true;
   });
 }

@@ -4,6 +4,10 @@
 // the default and Cancel buttons, and the pick lists of the grid open with
 // F4 or Alt+Down and close with Escape.
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QMenu>
+#include <QRadioButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -20,6 +24,9 @@
 #include "desktop/Keyboard.h"
 #include "desktop/QtToolkit.h"
 #include "screens/Application.h"
+#include "screens/frmColumns.h"
+#include "screens/frmConfigure.h"
+#include "screens/frmHeaders.h"
 #include "screens/frmMain.h"
 #include "shell/RunState.h"
 
@@ -72,20 +79,68 @@ QMap<QString, QChar> AccessKeys(QWidget* window) {
     return {};
   };
   for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
-    if (button->window() == window) keys.insert(button->objectName(), keyOf(button->text()));
+    if (button->window() == window && (button->focusPolicy() & Qt::TabFocus))
+      keys.insert(button->objectName(), keyOf(button->text()));
   for (QLabel* label : window->findChildren<QLabel*>())
     if (label->window() == window && label->buddy() != nullptr)
       keys.insert(QStringLiteral("label of ") + label->buddy()->objectName(), keyOf(label->text()));
   return keys;
 }
 
-void Dump(QWidget* window) {
-  qWarning("%s: %s", qPrintable(window->objectName()), qPrintable(TabChain(window).join(QStringLiteral(", "))));
-  const auto keys = AccessKeys(window);
-  for (auto it = keys.begin(); it != keys.end(); ++it) qWarning("  %s = %s", qPrintable(it.key()), qPrintable(QString(it.value())));
+// Every caption of the window has a key, and no two share one.
+void ExpectAccessKeysWithoutClashes(QWidget* window) {
+  const QMap<QString, QChar> keys = AccessKeys(window);
+  QVERIFY(!keys.isEmpty());
+  QMap<QChar, QString> owners;
+  for (auto it = keys.begin(); it != keys.end(); ++it) {
+    // A control the person cannot use now (the other half of a screen,
+    // disabled) may go without; every other has its key.
+    QWidget* control = window->findChild<QWidget*>(QString(it.key()).remove(QStringLiteral("label of ")));
+    const bool usable = control != nullptr && control->isEnabled() && control->isVisible();
+    if (it.value().isNull() && !usable) continue;
+    QVERIFY2(!it.value().isNull(), qPrintable(window->objectName() + QStringLiteral(": no key for ") + it.key()));
+    QVERIFY2(!owners.contains(it.value()), qPrintable(window->objectName() + QStringLiteral(": ") + it.key() +
+                                                      QStringLiteral(" and ") + owners.value(it.value()) +
+                                                      QStringLiteral(" share ") + it.value()));
+    owners.insert(it.value(), it.key());
+  }
+}
+
+// Every control Tab reaches has a name a screen reader can say.
+void ExpectNamedControls(QWidget* window) {
+  for (QWidget* control : ReadingOrder(window)) {
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
+    QVERIFY2(accessible != nullptr, qPrintable(control->objectName()));
+    QVERIFY2(!accessible->text(QAccessible::Name).trimmed().isEmpty(),
+             qPrintable(window->objectName() + QStringLiteral(": no name for ") + control->objectName()));
+  }
+}
+
+// Turns a check box or option as a screen reader does: through its action,
+// without a click.
+void ToggleThroughReader(QAbstractButton* button) {
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(button);
+  QVERIFY(accessible != nullptr && accessible->actionInterface() != nullptr);
+  QVERIFY(accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+  accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  Settle();
 }
 
 const QString kSurvey = QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree.csv");
+
+// Runs act on the next popup menu once it is up.
+void WhenModalPopup(std::function<void(QMenu*)> act) {
+  auto* timer = new QTimer;
+  timer->setInterval(0);
+  QObject::connect(timer, &QTimer::timeout, [timer, act] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr || !menu->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    act(menu);
+  });
+  timer->start();
+}
 
 }  // namespace
 
@@ -129,20 +184,142 @@ class KeyboardTest : public QObject {
     Settle();
   }
 
-  void dump() {
+  void theFirstScreenReadsTopToBottomWithAKeyForEachControl() {
     QWidget* setup = ReadySetup();
-    Dump(setup);
-    WhenModal([](QWidget* modal) { Dump(modal); Child<QPushButton>(modal, "cmdCancel")->click(); });
+    QCOMPARE(TabChain(setup),
+             (QStringList{"chkTranslateFile", "lblInputFile", "cmdChangeInput", "chkNoInput", "lblOutputFile",
+                          "cmdChangeOutput", "cmbTemplate", "cmdDeleteTemplate", "cmdFinish", "cmdNextTrans",
+                          "chkEditStandListFile", "cmdConfigure", "cmdHelp", "cmdQuit"}));
+    ExpectAccessKeysWithoutClashes(setup);
+    ExpectNamedControls(setup);
+    QCOMPARE(Child<QWidget>(setup, "lblInputFile")->accessibleName(), QStringLiteral("Input File"));
+    QAccessibleInterface* path = QAccessible::queryAccessibleInterface(Child<QWidget>(setup, "lblInputFile"));
+    QVERIFY(path->state().readOnly);
+  }
+
+  void theDefaultsReadTopToBottomAndEscapeIsTheirCancel() {
+    QWidget* setup = ReadySetup();
+    bool checked = false;
+    WhenModal([&checked](QWidget* defaults) {
+      checked = true;
+      QCOMPARE(TabChain(defaults),
+               (QStringList{"chkTranslateFile", "lblInputFile", "cmdSelectInputFile", "lblOutputFile",
+                            "cmdSelectOutputFile", "txtInputFileExtensions", "txtOutputFileExtensions", "cmbTemplate",
+                            "cmbVariant", "optMetric", "optImperial", "chkEditStandListFile", "cmdHelp", "cmdOk",
+                            "cmdCancel"}));
+      ExpectAccessKeysWithoutClashes(defaults);
+      ExpectNamedControls(defaults);
+      // A change through a screen reader is a change of the screen's.
+      auto* imperial = Child<QRadioButton>(defaults, "optImperial");
+      const bool wasImperial = imperial->isChecked();
+      ToggleThroughReader(wasImperial ? static_cast<QAbstractButton*>(Child<QRadioButton>(defaults, "optMetric"))
+                                      : imperial);
+      QCOMPARE(App().Configure().optImperial.Value, !wasImperial);
+      QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : defaults,
+                      Qt::Key_Escape);
+    });
     Child<QPushButton>(setup, "cmdConfigure")->click();
     Settle();
+    QVERIFY(checked);
+    QVERIFY(Window(QStringLiteral("frmConfigure")) == nullptr);
+    QVERIFY(!App().ConfigureLoaded() || !App().Configure().Visible());
+  }
+
+  void theColumnScreenReadsTopToBottomAndActsOnAReadersTick() {
+    QWidget* setup = ReadySetup();
     Child<QPushButton>(setup, "cmdNextTrans")->click();
     Settle();
     QWidget* columns = Window(QStringLiteral("frmColumns"));
-    Dump(columns);
-    Child<QPushButton>(columns, "cmdNext")->click();
+    QVERIFY(columns != nullptr);
+    QCOMPARE(TabChain(columns),
+             (QStringList{"lblInputFile", "optCharacterDelimited", "optFixedWidth", "chkTab", "chkComma",
+                          "chkSemicolon", "chkSpace", "chkOther", "txtOtherCharacter", "chkConsecutiveAsOne",
+                          "cmbTextQualifiers", "cmdHelp", "cmdQuit", "cmdBack", "cmdNext", "cmdFinish"}));
+    ExpectAccessKeysWithoutClashes(columns);
+    ExpectNamedControls(columns);
+    QCOMPARE(Child<QWidget>(columns, "cmbTextQualifiers")->accessibleName(), QStringLiteral("Text Qualifier"));
+    // The preview tells its lines and its column lines as text.
+    const QString preview = Child<QWidget>(columns, "lblFileView")->accessibleDescription();
+    QCOMPARE(preview.section(QLatin1Char('\n'), 0, 0),
+             QStringLiteral("1: PLT_CN          SUBP TREE STATUSCD SPCD  DIA HT ACTUALHT CCLCD TPA_UNADJ "));
+    QCOMPARE(preview.count(QLatin1Char('\n')), 10);
+    QVERIFY2(preview.endsWith(QStringLiteral("Column lines after characters 16, 21, 26, 35, 41, 45, 48, 57, 63.")),
+             qPrintable(preview.section(QLatin1Char('\n'), -1)));
+    // A tick of "Fixed Width" through a screen reader turns the screen to
+    // fixed width, as a click does; so does a tick of "Tab".
+    ToggleThroughReader(Child<QRadioButton>(columns, "optFixedWidth"));
+    QVERIFY(App().Columns().optFixedWidth.Value);
+    QVERIFY(!Child<QWidget>(columns, "chkTab")->isEnabled() || !App().Columns().optCharacterDelimited.Value);
+    ToggleThroughReader(Child<QRadioButton>(columns, "optCharacterDelimited"));
+    QVERIFY(App().Columns().optCharacterDelimited.Value);
+    ToggleThroughReader(Child<QCheckBox>(columns, "chkTab"));
+    QCOMPARE(App().Columns().chkTab.Value, 1);
+  }
+
+  void theGridReadsFromTheTableToItsButtonsAndItsMenusOpenByKey() {
+    QWidget* setup = ReadySetup();
+    Child<QPushButton>(setup, "cmdNextTrans")->click();
+    Settle();
+    Child<QPushButton>(Window(QStringLiteral("frmColumns")), "cmdNext")->click();
     Settle();
     QWidget* grid = Window(QStringLiteral("frmHeaders"));
-    Dump(grid);
+    QVERIFY(grid != nullptr);
+    QCOMPARE(TabChain(grid),
+             (QStringList{"TDBGrid1", "chkShowExcludedRows", "chkShowAllColumns", "chkAutoValidate",
+                          "cmdSaveTemplate", "cmdEditTemplateCommands", "cmbVariant", "optMetric", "optImperial",
+                          "cmdValidate", "cmdFinish", "cmdHelp", "cmdQuit", "cmdBack", "cmdNext"}));
+    ExpectAccessKeysWithoutClashes(grid);
+    ExpectNamedControls(grid);
+    ToggleThroughReader(Child<QCheckBox>(grid, "chkAutoValidate"));
+    QCOMPARE(App().Headers().chkAutoValidate.Value, 0);
+
+    // The menu key opens the grid's column menu over the current cell.
+    auto* table = Child<QTableView>(grid, "TDBGrid1");
+    table->setFocus();
+    table->setCurrentIndex(table->model()->index(2, 3));
+    QStringList entries;
+    WhenModalPopup([&entries](QMenu* menu) {
+      for (QAction* action : menu->actions()) entries << action->text();
+      menu->close();
+    });
+    QTest::keyClick(table, Qt::Key_Menu);
+    Settle();
+    QCOMPARE(entries, (QStringList{"Find/Replace", "Exclude Rows Containing...", "Exclude Rows Starting With...",
+                                   "Add Column"}));
+  }
+
+  void aPickListOpensWithF4OrAltDownClosesWithEscapeAndIsAsTallAsItsEntries() {
+    QWidget* setup = ReadySetup();
+    Child<QPushButton>(setup, "cmdNextTrans")->click();
+    Settle();
+    Child<QPushButton>(Window(QStringLiteral("frmColumns")), "cmdNext")->click();
+    Settle();
+    QWidget* grid = Window(QStringLiteral("frmHeaders"));
+    auto* table = Child<QTableView>(grid, "TDBGrid1");
+    auto* history = Child<QListWidget>(grid, "lstTreeHistory");
+    // Line 3 of the survey, its tree history "1".
+    const QModelIndex cell = table->model()->index(2, 4);
+    QCOMPARE(cell.data().toString(), QStringLiteral("1"));
+    table->setFocus();
+    table->setCurrentIndex(cell);
+    QTest::keyClick(table, Qt::Key_F4);
+    Settle();
+    QVERIFY(history->isVisible());
+    QCOMPARE(history->count(), 3);
+    QCOMPARE(history->height(), 2 * history->frameWidth() + 3 * history->sizeHintForRow(0));
+    QCOMPARE(history->currentItem()->text(), QStringLiteral("1-5 : Live Trees"));
+    QTest::keyClick(history, Qt::Key_Escape);
+    Settle();
+    QVERIFY(!history->isVisible());
+    QCOMPARE(cell.data().toString(), QStringLiteral("1"));
+    QTest::keyClick(table, Qt::Key_Down, Qt::AltModifier);
+    Settle();
+    QVERIFY(history->isVisible());
+    QTest::keyClick(history, Qt::Key_Down);
+    QTest::keyClick(history, Qt::Key_Return);
+    Settle();
+    QVERIFY(!history->isVisible());
+    QCOMPARE(cell.data().toString(), QStringLiteral("6"));
   }
 };
 

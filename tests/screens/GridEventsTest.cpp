@@ -39,7 +39,7 @@ class FakeGrid : public GridGeometry {
   int FormWidth() const override { return formWidth; }
   int FormHeight() const override { return formHeight; }
   int ListWidth() const override { return 150; }
-  int ListHeight() const override { return 120; }
+  int ListHeight(int) const override { return 120; }
   int RowSelectorWidth() const override { return 30; }
   int LeftColumn() const override { return 0; }
   int VisibleColumns() const override { return 8; }

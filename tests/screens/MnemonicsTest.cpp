@@ -26,12 +26,21 @@ TEST(Mnemonics, WithEveryWordStartTakenALetterInsideAWordIsUsed) {
   EXPECT_EQ(ChooseMnemonics({"Ok", "Cancel"}, "oc"), (std::vector<int>{1, 1}));
 }
 
+TEST(Mnemonics, ACaptionWithEveryLetterTakenMovesAnotherToAFreeLetter) {
+  // The grid's Save: its S, A, V and E are the first letters of others; Show
+  // excluded rows moves to the R of "rows".
+  EXPECT_EQ(ChooseMnemonics({"Show excluded rows", "Auto-validate grid data", "Validate", "Edit", "Save"}),
+            (std::vector<int>{14, 0, 0, 0, 0}));
+}
+
 TEST(Mnemonics, CaseDoesNotTellKeysApart) {
   EXPECT_EQ(ChooseMnemonics({"metric", "Meters"}), (std::vector<int>{0, 1}));
 }
 
 TEST(Mnemonics, ACaptionWithNoFreeLetterGetsNone) {
   EXPECT_EQ(ChooseMnemonics({"ab", "ab", "ab", "", ">>"}), (std::vector<int>{0, 1, -1, -1, -1}));
+  EXPECT_EQ(ChooseMnemonics({"Next >>", "Next >>", "Next >>", "Next >>", "Next >>"}),
+            (std::vector<int>{0, 1, 2, 3, -1}));
 }
 
 TEST(Mnemonics, BlanksAndSignsAreNeverKeys) {
