@@ -2,9 +2,8 @@
 // the program takes holds no more memory than after one load, since each
 // unloaded grid lets go of its rows and database.
 #include <malloc.h>
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
-#endif
+
+#include <cstddef>
 
 #include <filesystem>
 #include <iostream>
@@ -20,6 +19,12 @@
 
 namespace corvalin {
 namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+// The address sanitizer's own count of what is allocated (its allocator
+// stands in for malloc's, whose figures are then empty).
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
 // The bytes the process holds allocated now: what it asked for and has not
 // given back, whatever the allocator keeps aside of what was given back.
