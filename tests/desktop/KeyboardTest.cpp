@@ -10,14 +10,17 @@
 #include <QRadioButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTimer>
 #include <QtTest/QtTest>
 #include <deque>
+#include <memory>
 #include <optional>
 
 #include "DesktopHome.h"
@@ -27,6 +30,7 @@
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmTemplate.h"
 #include "screens/frmMain.h"
 #include "shell/RunState.h"
 
@@ -127,6 +131,20 @@ void ToggleThroughReader(QAbstractButton* button) {
 }
 
 const QString kSurvey = QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree.csv");
+
+// Runs act on the next modal window once it is up and has the keyboard.
+void WhenActiveModal(std::function<void(QWidget*)> act) {
+  auto* timer = new QTimer;
+  timer->setInterval(0);
+  QObject::connect(timer, &QTimer::timeout, [timer, act] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || !modal->isVisible() || QApplication::activeWindow() != modal) return;
+    timer->stop();
+    timer->deleteLater();
+    act(modal);
+  });
+  timer->start();
+}
 
 // Runs act on the next popup menu once it is up.
 void WhenModalPopup(std::function<void(QMenu*)> act) {
@@ -320,6 +338,74 @@ class KeyboardTest : public QObject {
     Settle();
     QVERIFY(!history->isVisible());
     QCOMPARE(cell.data().toString(), QStringLiteral("6"));
+  }
+
+  // The sample translation of the survey with the lolo template, with keys
+  // alone: the access keys the person sees underlined, the file dialogs'
+  // name fields, a list chosen by typing, Enter on the last box.
+  void theSampleTranslationByKeysAlone() {
+    const QString home = FreshConfiguredHome();
+    const QString output = home + QStringLiteral("/lolo-by-keys.tre");
+    MainForm().Form_Load();
+    Settle();
+    QWidget* setup = Window(QStringLiteral("frmTemplate"));
+    QVERIFY(setup != nullptr);
+    setup->activateWindow();
+    Settle();
+    auto press = [](QWidget* window, const char* name) {
+      QWidget* owner = window->findChild<QWidget*>(QString::fromLatin1(name));
+      QVERIFY2(owner != nullptr, name);
+      QString text;
+      if (auto* button = qobject_cast<QAbstractButton*>(owner)) text = button->text();
+      if (auto* label = qobject_cast<QLabel*>(owner)) text = label->text();
+      const int at = text.indexOf(QRegularExpression(QStringLiteral("&[^&]")));
+      QVERIFY2(at >= 0, qPrintable(text));
+      const QChar key = text[at + 1].toUpper();
+      QWidget* target = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : window;
+      auto* button = qobject_cast<QAbstractButton*>(owner);
+      auto clicked = std::make_shared<bool>(false);
+      QMetaObject::Connection done;
+      if (button != nullptr) done = QObject::connect(button, &QAbstractButton::clicked, [clicked] { *clicked = true; });
+      QTest::keyClick(target, static_cast<Qt::Key>(key.unicode()), Qt::AltModifier);
+      // A button pressed by its key shows itself down for a moment, then
+      // clicks: the click is waited for, however long the moment lasts.
+      while (button != nullptr && !*clicked) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+      QObject::disconnect(done);
+    };
+    // The file dialogs are answered with the names a person types into
+    // them (their listing and keys are FileDialogTest's).
+    std::deque<std::string> files{kSurvey.toStdString(), output.toStdString()};
+    toolkit_.AnswerFileDialog = [&files](const FileDialogRequest&) -> std::optional<std::string> {
+      std::string file = files.front();
+      files.pop_front();
+      return file;
+    };
+    press(setup, "cmdChangeInput");
+    Settle();
+    QCOMPARE(App().Template().lblInputFile.Caption, kSurvey.toStdString());
+    press(setup, "cmdChangeOutput");
+    Settle();
+    QCOMPARE(App().Template().lblOutputFile.Caption, output.toStdString());
+    press(setup, "lblTemplateFile1");
+    QCOMPARE(QApplication::focusWidget(), Child<QWidget>(setup, "cmbTemplate"));
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("lolo"));
+    Settle();
+    QCOMPARE(App().Template().cmbTemplate.Text, std::string("lolo"));
+    QStringList boxes;
+    WhenActiveModal([&boxes](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      QVERIFY(box != nullptr);
+      boxes << box->text();
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+    press(setup, "cmdFinish");
+    Settle();
+    QCOMPARE(boxes, QStringList{QStringLiteral("Translation completed.")});
+    QFile list(output);
+    QVERIFY(list.open(QIODevice::ReadOnly));
+    const QByteArray records = list.readAll();
+    QCOMPARE(records.count("\r\n"), 713);
+    QCOMPARE(records.left(records.indexOf("\r\n")).trimmed(), QByteArray("1  2    751LP   10     9"));
   }
 };
 
