@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QStyleOption>
 #include <algorithm>
+#include <initializer_list>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
@@ -173,11 +174,22 @@ void frmHeadersWindow::BuildControls() {
   unitChoices_ = new QComboBox(this);
   unitChoices_->setObjectName(QStringLiteral("cmbUnitChoices"));
   unitChoices_->setMinimumContentsLength(22);
+  nameLabel_ = NewLabel(this, "Label1");
+  nameLabel_->setText(tr("Name:"));
+  unitsLabel_ = NewLabel(this, "Label2");
+  unitsLabel_->setText(tr("Units:"));
+  // With no column selected the lists and their labels are hidden; the
+  // group keeps its size, so the grid above it does not move.
+  for (QWidget* widget : std::initializer_list<QWidget*>{nameLabel_, headerChoices_, unitsLabel_, unitChoices_}) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
   QGroupBox* assign = group("Assign Columns:");
   auto* assignLayout = new QFormLayout(assign);
   assignLayout->setRowWrapPolicy(QFormLayout::DontWrapRows);
-  assignLayout->addRow(tr("Name:"), headerChoices_);
-  assignLayout->addRow(tr("Units:"), unitChoices_);
+  assignLayout->addRow(nameLabel_, headerChoices_);
+  assignLayout->addRow(unitsLabel_, unitChoices_);
   assign->setMinimumWidth(300);
 
   save_ = new QPushButton(this);
@@ -359,15 +371,11 @@ void frmHeadersWindow::DrawControls() {
   drawCheck(showExcluded_, screen.chkShowExcludedRows);
   drawCheck(showAll_, screen.chkShowAllColumns);
   drawCheck(autoValidate_, screen.chkAutoValidate);
+  // Each assign list takes its label with it when it hides.
   DrawList(headerChoices_, screen.cmbHeaderChoices);
   DrawList(unitChoices_, screen.cmbUnitChoices);
-  // The assign lists keep their place in the layout while hidden.
-  headerChoices_->setVisible(true);
-  unitChoices_->setVisible(true);
-  headerChoices_->setEnabled(screen.cmbHeaderChoices.Visible);
-  unitChoices_->setEnabled(screen.cmbUnitChoices.Visible);
-  if (!screen.cmbHeaderChoices.Visible) headerChoices_->setCurrentIndex(-1);
-  if (!screen.cmbUnitChoices.Visible) unitChoices_->setCurrentIndex(-1);
+  nameLabel_->setVisible(screen.cmbHeaderChoices.Visible);
+  unitsLabel_->setVisible(screen.cmbUnitChoices.Visible);
   DrawList(variant_, screen.cmbVariant);
   metric_->setText(ToQt(screen.optMetric.Caption));
   metric_->setChecked(screen.optMetric.Value);

@@ -89,7 +89,9 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   QCheckBox* showExcluded_ = nullptr;
   QCheckBox* showAll_ = nullptr;
   QCheckBox* autoValidate_ = nullptr;
+  QLabel* nameLabel_ = nullptr;
   QComboBox* headerChoices_ = nullptr;
+  QLabel* unitsLabel_ = nullptr;
   QComboBox* unitChoices_ = nullptr;
   QComboBox* variant_ = nullptr;
   QRadioButton* metric_ = nullptr;

@@ -1,12 +1,14 @@
 // The grid screen's real window, offscreen: the table model checked by Qt's
-// model tester, two-line headings, heading clicks, presses and shift-presses
-// in the strip of row selectors, cells coloured as they are typed, the pick
-// list opened on its entry beside the cell (to the left near the right
-// edge), the context menus' enabled entries, the damage dialog from a cell's
-// button, and validation's failure brought into view.
+// model tester, two-line headings, heading clicks, the assign lists and their
+// labels shown only for a selected column, presses and shift-presses in the
+// strip of row selectors, cells coloured as they are typed, the pick list
+// opened on its entry beside the cell (to the left near the right edge), the
+// context menus' enabled entries, the damage dialog from a cell's button,
+// and validation's failure brought into view.
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -142,6 +144,45 @@ class GridWindowTest : public QObject {
     QCOMPARE(name->currentText(), QStringLiteral("DBH"));
     QCOMPARE(units->currentText(), QStringLiteral("cm"));
     QVERIFY(window->Table()->selectionModel()->isColumnSelected(4));
+  }
+
+  void TheAssignListsAndTheirLabelsShowOnlyWhileAColumnIsSelected() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QTableView* table = window->Table();
+    auto* name = window->findChild<QComboBox*>(QStringLiteral("cmbHeaderChoices"));
+    auto* units = window->findChild<QComboBox*>(QStringLiteral("cmbUnitChoices"));
+    auto* nameLabel = window->findChild<QLabel*>(QStringLiteral("Label1"));
+    auto* unitsLabel = window->findChild<QLabel*>(QStringLiteral("Label2"));
+    QVERIFY(name != nullptr && units != nullptr && nameLabel != nullptr && unitsLabel != nullptr);
+    QCOMPARE(nameLabel->text(), QStringLiteral("Name:"));
+    QCOMPARE(unitsLabel->text(), QStringLiteral("Units:"));
+    auto shown = [&] {
+      QApplication::processEvents();
+      return QList<bool>{!name->isHidden(), !nameLabel->isHidden(), !units->isHidden(), !unitsLabel->isHidden()};
+    };
+    const QList<bool> none{false, false, false, false};
+    const QList<bool> all{true, true, true, true};
+    QCOMPARE(shown(), none);
+    const QRect group = name->parentWidget()->geometry();
+    const QRect grid = table->geometry();
+    QHeaderView* heading = table->horizontalHeader();
+    auto clickHeading = [&](int column) {
+      QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
+                        QPoint(heading->sectionViewportPosition(column) + 10, heading->height() / 2));
+    };
+    clickHeading(0);
+    QCOMPARE(shown(), none);
+    clickHeading(1);
+    QCOMPARE(shown(), all);
+    QCOMPARE(name->currentText(), QStringLiteral("Plot ID"));
+    // Shown or hidden, the group keeps its size and the grid its place.
+    QCOMPARE(name->parentWidget()->geometry(), group);
+    QCOMPARE(table->geometry(), grid);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, CellCentre(table, 2, 2));
+    QCOMPARE(App().Headers().CurrentColumn, -1);
+    QCOMPARE(shown(), none);
+    QCOMPARE(name->parentWidget()->geometry(), group);
+    QCOMPARE(table->geometry(), grid);
   }
 
   void ShiftClicksInTheRowStripExtendByLineNumber() {

@@ -119,6 +119,24 @@ TEST_F(GridEventsTest, ASelectionOfSeveralColumnsIsCutToItsFirst) {
   EXPECT_EQ(headers.cmbHeaderChoices.Text, "Species");
 }
 
+TEST_F(GridEventsTest, TheAssignListsShowOnlyWhileAColumnOtherThanLineNumIsSelected) {
+  Lines(3);
+  frmHeaders& headers = Activate();
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_HeadClick(0);
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_HeadClick(1);
+  EXPECT_TRUE(headers.cmbHeaderChoices.Visible);
+  EXPECT_TRUE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_RowColChange(BookmarkOfLine(headers, 2), 1);
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  EXPECT_EQ(headers.cmbHeaderChoices.ListIndex, -1);
+  EXPECT_EQ(headers.cmbUnitChoices.ListIndex, -1);
+}
+
 TEST_F(GridEventsTest, MovingTheCurrentCellHidesTheAssignListsAndTakesTheRowOnView) {
   Lines(5);
   frmHeaders& headers = Activate();
