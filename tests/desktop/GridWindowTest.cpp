@@ -4,7 +4,8 @@
 // strip of row selectors, cells coloured as they are typed, the pick list
 // opened on its entry beside the cell (to the left near the right edge), the
 // context menus' enabled entries, the damage dialog from a cell's button,
-// and validation's failure brought into view.
+// validation's failure brought into view, and the save dialog's list of
+// templates.
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QHeaderView>
@@ -18,7 +19,9 @@
 #include "GridSession.h"
 #include "desktop/GridModel.h"
 #include "desktop/frmDamageSeverityWindow.h"
+#include "desktop/frmTemplateNameWindow.h"
 #include "screens/frmDamageSeverity.h"
+#include "screens/frmTemplate.h"
 #include "shell/EventScope.h"
 #include "worktable/clsDBEngine.h"
 
@@ -344,6 +347,25 @@ class GridWindowTest : public QObject {
     QCOMPARE(session_->boxes, std::vector<std::string>{"Do you really want to quit?"});
     QVERIFY(window->isVisible());
     QVERIFY(App().Headers().Visible());
+  }
+
+  void TheSaveDialogListsTheTemplatesTheFirstScreenLists() {
+    for (const char* file : {"Plot.CNV", "beta.cnv", "Alpha.cnv", "notes.txt"}) {
+      QFile made(session_->Work() + QString::fromLatin1(file));
+      QVERIFY(made.open(QIODevice::WriteOnly));
+    }
+    frmHeadersWindow* window = session_->Open(Trees());
+    QStringList listed;
+    WhenUp<frmTemplateNameWindow>([&](frmTemplateNameWindow* dialog) {
+      for (int i = 0; i < dialog->Name()->count(); ++i) listed << dialog->Name()->itemText(i);
+      QTest::mouseClick(dialog->Cancel(), Qt::LeftButton);
+    });
+    QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("cmdSaveTemplate")), Qt::LeftButton);
+    QStringList firstScreen;
+    for (const std::string& item : App().Template().cmbTemplate.Items) firstScreen << QString::fromStdString(item);
+    QCOMPARE(firstScreen.takeFirst(), QStringLiteral("None"));
+    QCOMPARE(listed, firstScreen);
+    QCOMPARE(listed, (QStringList{QStringLiteral("Alpha"), QStringLiteral("beta")}));
   }
 
   void TypingACharacterWithoutASingleByteIsRefused() {
