@@ -53,8 +53,10 @@ class GridButtonDelegate : public QStyledItemDelegate {
     return QRect(cell.right() - kButtonWidth + 1, cell.top(), kButtonWidth, cell.height());
   }
   bool HasButton(const QModelIndex& index) const {
+    // The insert row has no cell to pick a value for.
     const frmHeaders* screen = window_.headers_;
     return screen != nullptr && index.column() >= 1 && index.column() <= kHeadingColumns &&
+           index.row() < window_.model_->RecordRows() &&
            screen->ColumnButton[static_cast<std::size_t>(index.column())] &&
            window_.table_->currentIndex().row() == index.row();
   }
@@ -93,7 +95,14 @@ class GridButtonDelegate : public QStyledItemDelegate {
     const int column = index.column();
     ScreenWindow::Fire([&] { cancel = screen->TDBGrid1_BeforeColEdit(column); });
     if (cancel) return nullptr;
-    return QStyledItemDelegate::createEditor(parent, option, index);
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    window_.editorOpen_ = editor != nullptr;
+    return editor;
+  }
+
+  void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
+    QStyledItemDelegate::destroyEditor(editor, index);
+    window_.EditorClosed();
   }
 
  private:
@@ -435,17 +444,26 @@ void frmHeadersWindow::DrawSelection() {
   const frmHeaders& screen = Headers();
   QItemSelection selection;
   const int lastColumn = GridModel::kColumns - 1;
+  // A selected column runs down to the last record, not into the insert row.
+  const int records = model_->RecordRows();
   for (const Recordset::Bookmark bookmark : screen.SelBookmarks) {
-    if (bookmark < 0 || bookmark >= model_->rowCount()) continue;
+    if (bookmark < 0 || bookmark >= records) continue;
     selection.select(model_->index(static_cast<int>(bookmark), 0), model_->index(static_cast<int>(bookmark), lastColumn));
   }
-  if (screen.SelStartCol >= 0 && screen.SelEndCol >= screen.SelStartCol && model_->rowCount() > 0) {
-    selection.select(model_->index(0, screen.SelStartCol), model_->index(model_->rowCount() - 1, screen.SelEndCol));
+  if (screen.SelStartCol >= 0 && screen.SelEndCol >= screen.SelStartCol && records > 0) {
+    selection.select(model_->index(0, screen.SelStartCol), model_->index(records - 1, screen.SelEndCol));
   }
   table_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void frmHeadersWindow::DrawCurrent() {
+  // Moving the current cell would commit the open editor a second time, in
+  // the middle of its own commit: a row typed into the insert row waits
+  // until its editor has closed.
+  if (editorOpen_) {
+    currentPending_ = true;
+    return;
+  }
   const frmHeaders& screen = Headers();
   const Recordset* rows = screen.Adodc1.Recordset.get();
   if (rows == nullptr || rows->RecordCount() == 0 || rows->IsEOF() || rows->IsBOF()) return;
@@ -465,6 +483,16 @@ void frmHeadersWindow::DrawCurrent() {
     table_->horizontalScrollBar()->setValue(table_->horizontalHeader()->sectionPosition(screen.LeftCol));
   }
   table_->viewport()->update();
+}
+
+void frmHeadersWindow::EditorClosed() {
+  editorOpen_ = false;
+  if (!currentPending_ || headers_ == nullptr) return;
+  currentPending_ = false;
+  const bool drawing = drawing_;
+  drawing_ = true;
+  DrawCurrent();
+  drawing_ = drawing;
 }
 
 // ---------------------------------------------------------------- person
@@ -559,8 +587,9 @@ bool frmHeadersWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
     const QModelIndex current = table_->currentIndex();
-    if (key->key() == Qt::Key_F4 && current.isValid() && current.column() >= 1 &&
-        current.column() <= kHeadingColumns && screen.ColumnButton[static_cast<std::size_t>(current.column())]) {
+    if (key->key() == Qt::Key_F4 && current.isValid() && current.row() < model_->RecordRows() &&
+        current.column() >= 1 && current.column() <= kHeadingColumns &&
+        screen.ColumnButton[static_cast<std::size_t>(current.column())]) {
       PressCellButton(current.row(), current.column());
       return true;
     }
@@ -585,21 +614,23 @@ void frmHeadersWindow::closeEvent(QCloseEvent* event) {
 
 int frmHeadersWindow::FirstRowOnView() const { return std::max(0, table_->rowAt(0)); }
 
+// The screen's rows on view are records: the insert row is none of them.
 int frmHeadersWindow::RowContaining(int y) const {
   const int row = table_->rowAt(y);
-  return row < 0 ? -1 : row - FirstRowOnView();
+  return row < 0 || row >= model_->RecordRows() ? -1 : row - FirstRowOnView();
 }
 
 Recordset::Bookmark frmHeadersWindow::RowBookmark(int row) const {
   const int at = FirstRowOnView() + row;
-  return row >= 0 && at < model_->rowCount() ? at : -1;
+  return row >= 0 && at < model_->RecordRows() ? at : -1;
 }
 
 int frmHeadersWindow::VisibleRows() const {
-  if (model_->rowCount() == 0) return 0;
+  const int records = model_->RecordRows();
   const int first = FirstRowOnView();
+  if (first >= records) return 0;
   int last = table_->rowAt(table_->viewport()->height() - 1);
-  if (last < 0) last = model_->rowCount() - 1;
+  if (last < 0 || last >= records) last = records - 1;
   return last - first + 1;
 }
 
