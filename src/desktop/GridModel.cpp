@@ -29,13 +29,22 @@ int GridModel::FieldOf(int column) const {
   return fields_[static_cast<std::size_t>(column)];
 }
 
-int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+int GridModel::rowCount(const QModelIndex& parent) const {
+  if (parent.isValid()) return 0;
+  return insertRow_ ? rows_ + 1 : rows_;
+}
 
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   const Recordset* rows = Rows();
-  if (!index.isValid() || rows == nullptr || index.row() >= rows->RecordCount()) return {};
+  if (!index.isValid() || rows == nullptr) return {};
+  if (IsInsertRow(index.row())) {
+    // Empty cells to type into; nothing is coloured, there is nothing yet.
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return QString();
+    return {};
+  }
+  if (index.row() >= rows_ || index.row() >= rows->RecordCount()) return {};
   if (role == Qt::DisplayRole || role == Qt::EditRole) {
     const int field = FieldOf(index.column());
     if (field < 0) return QString();
@@ -57,7 +66,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role != Qt::DisplayRole || screen_ == nullptr) return {};
-  if (orientation == Qt::Vertical) return QString();
+  if (orientation == Qt::Vertical) return IsInsertRow(section) ? QStringLiteral("*") : QString();
   if (section < 0 || section >= kColumns) return {};
   // Type over units.
   return ToQt(screen_->ColumnCaption[static_cast<std::size_t>(section)]);
@@ -66,6 +75,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  // LineNum is the grid's to number, on the insert row too.
   if (index.column() >= 1 && index.column() <= kHeadingColumns) flags |= Qt::ItemIsEditable;
   return flags;
 }
@@ -82,6 +92,12 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   frmHeaders& screen = *screen_;
   const int row = index.row();
   const int column = index.column();
+  if (IsInsertRow(row)) {
+    // The new row comes in before the insert row, holding the text.
+    const int records = rows_;
+    ScreenWindow::Fire([&] { screen.AddGridRowTyped(column, *bytes); });
+    return rows_ > records;
+  }
   ScreenWindow::Fire([&] { screen.SetCellText(row, column, *bytes); });
   return true;
 }
@@ -89,14 +105,16 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 void GridModel::Apply(const ScreenChanges& changes) {
   const Recordset* rows = Rows();
   const int count = rows != nullptr ? static_cast<int>(rows->RecordCount()) : 0;
-  if (changes.rowsReset || count < rows_) {
+  if (changes.rowsReset || count < rows_ || insertRow_ != (rows != nullptr)) {
     beginResetModel();
     fieldsOf_ = nullptr;
     rows_ = count;
+    insertRow_ = rows != nullptr;
     endResetModel();
     return;
   }
   if (!changes.insertedRows.Empty() || count > rows_) {
+    // Added rows go in before the insert row, which stays last.
     const int first = rows_;
     beginInsertRows(QModelIndex(), first, count - 1);
     rows_ = count;
@@ -114,6 +132,7 @@ void GridModel::Detach() {
   beginResetModel();
   screen_ = nullptr;
   rows_ = 0;
+  insertRow_ = false;
   fieldsOf_ = nullptr;
   endResetModel();
 }

@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QStyleOption>
 #include <algorithm>
+#include <initializer_list>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
@@ -53,8 +54,10 @@ class GridButtonDelegate : public QStyledItemDelegate {
     return QRect(cell.right() - kButtonWidth + 1, cell.top(), kButtonWidth, cell.height());
   }
   bool HasButton(const QModelIndex& index) const {
+    // The insert row has no cell to pick a value for.
     const frmHeaders* screen = window_.headers_;
     return screen != nullptr && index.column() >= 1 && index.column() <= kHeadingColumns &&
+           index.row() < window_.model_->RecordRows() &&
            screen->ColumnButton[static_cast<std::size_t>(index.column())] &&
            window_.table_->currentIndex().row() == index.row();
   }
@@ -93,7 +96,14 @@ class GridButtonDelegate : public QStyledItemDelegate {
     const int column = index.column();
     ScreenWindow::Fire([&] { cancel = screen->TDBGrid1_BeforeColEdit(column); });
     if (cancel) return nullptr;
-    return QStyledItemDelegate::createEditor(parent, option, index);
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    window_.editorOpen_ = editor != nullptr;
+    return editor;
+  }
+
+  void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
+    QStyledItemDelegate::destroyEditor(editor, index);
+    window_.EditorClosed();
   }
 
  private:
@@ -175,11 +185,22 @@ void frmHeadersWindow::BuildControls() {
   unitChoices_ = new QComboBox(this);
   unitChoices_->setObjectName(QStringLiteral("cmbUnitChoices"));
   unitChoices_->setMinimumContentsLength(22);
+  nameLabel_ = NewLabel(this, "Label1");
+  nameLabel_->setText(tr("Name:"));
+  unitsLabel_ = NewLabel(this, "Label2");
+  unitsLabel_->setText(tr("Units:"));
+  // With no column selected the lists and their labels are hidden; the
+  // group keeps its size, so the grid above it does not move.
+  for (QWidget* widget : std::initializer_list<QWidget*>{nameLabel_, headerChoices_, unitsLabel_, unitChoices_}) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
   QGroupBox* assign = group("Assign Columns:");
   auto* assignLayout = new QFormLayout(assign);
   assignLayout->setRowWrapPolicy(QFormLayout::DontWrapRows);
-  assignLayout->addRow(tr("Name:"), headerChoices_);
-  assignLayout->addRow(tr("Units:"), unitChoices_);
+  assignLayout->addRow(nameLabel_, headerChoices_);
+  assignLayout->addRow(unitsLabel_, unitChoices_);
   assign->setMinimumWidth(300);
 
   save_ = new QPushButton(this);
@@ -366,15 +387,11 @@ void frmHeadersWindow::DrawControls() {
   drawCheck(showExcluded_, screen.chkShowExcludedRows);
   drawCheck(showAll_, screen.chkShowAllColumns);
   drawCheck(autoValidate_, screen.chkAutoValidate);
+  // Each assign list takes its label with it when it hides.
   DrawList(headerChoices_, screen.cmbHeaderChoices);
   DrawList(unitChoices_, screen.cmbUnitChoices);
-  // The assign lists keep their place in the layout while hidden.
-  headerChoices_->setVisible(true);
-  unitChoices_->setVisible(true);
-  headerChoices_->setEnabled(screen.cmbHeaderChoices.Visible);
-  unitChoices_->setEnabled(screen.cmbUnitChoices.Visible);
-  if (!screen.cmbHeaderChoices.Visible) headerChoices_->setCurrentIndex(-1);
-  if (!screen.cmbUnitChoices.Visible) unitChoices_->setCurrentIndex(-1);
+  nameLabel_->setVisible(screen.cmbHeaderChoices.Visible);
+  unitsLabel_->setVisible(screen.cmbUnitChoices.Visible);
   DrawList(variant_, screen.cmbVariant);
   metric_->setText(ToQt(screen.optMetric.Caption));
   metric_->setChecked(screen.optMetric.Value);
@@ -435,17 +452,26 @@ void frmHeadersWindow::DrawSelection() {
   const frmHeaders& screen = Headers();
   QItemSelection selection;
   const int lastColumn = GridModel::kColumns - 1;
+  // A selected column runs down to the last record, not into the insert row.
+  const int records = model_->RecordRows();
   for (const Recordset::Bookmark bookmark : screen.SelBookmarks) {
-    if (bookmark < 0 || bookmark >= model_->rowCount()) continue;
+    if (bookmark < 0 || bookmark >= records) continue;
     selection.select(model_->index(static_cast<int>(bookmark), 0), model_->index(static_cast<int>(bookmark), lastColumn));
   }
-  if (screen.SelStartCol >= 0 && screen.SelEndCol >= screen.SelStartCol && model_->rowCount() > 0) {
-    selection.select(model_->index(0, screen.SelStartCol), model_->index(model_->rowCount() - 1, screen.SelEndCol));
+  if (screen.SelStartCol >= 0 && screen.SelEndCol >= screen.SelStartCol && records > 0) {
+    selection.select(model_->index(0, screen.SelStartCol), model_->index(records - 1, screen.SelEndCol));
   }
   table_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void frmHeadersWindow::DrawCurrent() {
+  // Moving the current cell would commit the open editor a second time, in
+  // the middle of its own commit: a row typed into the insert row waits
+  // until its editor has closed.
+  if (editorOpen_) {
+    currentPending_ = true;
+    return;
+  }
   const frmHeaders& screen = Headers();
   const Recordset* rows = screen.Adodc1.Recordset.get();
   if (rows == nullptr || rows->RecordCount() == 0 || rows->IsEOF() || rows->IsBOF()) return;
@@ -465,6 +491,16 @@ void frmHeadersWindow::DrawCurrent() {
     table_->horizontalScrollBar()->setValue(table_->horizontalHeader()->sectionPosition(screen.LeftCol));
   }
   table_->viewport()->update();
+}
+
+void frmHeadersWindow::EditorClosed() {
+  editorOpen_ = false;
+  if (!currentPending_ || headers_ == nullptr) return;
+  currentPending_ = false;
+  const bool drawing = drawing_;
+  drawing_ = true;
+  DrawCurrent();
+  drawing_ = drawing;
 }
 
 // ---------------------------------------------------------------- person
@@ -569,7 +605,7 @@ bool frmHeadersWindow::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool open = key->key() == Qt::Key_F4 ||
                       (key->key() == Qt::Key_Down && (key->modifiers() & Qt::AltModifier) != 0);
-    if (open && current.isValid() && current.column() >= 1 &&
+    if (open && current.isValid() && current.row() < model_->RecordRows() && current.column() >= 1 &&
         current.column() <= kHeadingColumns && screen.ColumnButton[static_cast<std::size_t>(current.column())]) {
       PressCellButton(current.row(), current.column());
       return true;
@@ -609,21 +645,23 @@ void frmHeadersWindow::closeEvent(QCloseEvent* event) {
 
 int frmHeadersWindow::FirstRowOnView() const { return std::max(0, table_->rowAt(0)); }
 
+// The screen's rows on view are records: the insert row is none of them.
 int frmHeadersWindow::RowContaining(int y) const {
   const int row = table_->rowAt(y);
-  return row < 0 ? -1 : row - FirstRowOnView();
+  return row < 0 || row >= model_->RecordRows() ? -1 : row - FirstRowOnView();
 }
 
 Recordset::Bookmark frmHeadersWindow::RowBookmark(int row) const {
   const int at = FirstRowOnView() + row;
-  return row >= 0 && at < model_->rowCount() ? at : -1;
+  return row >= 0 && at < model_->RecordRows() ? at : -1;
 }
 
 int frmHeadersWindow::VisibleRows() const {
-  if (model_->rowCount() == 0) return 0;
+  const int records = model_->RecordRows();
   const int first = FirstRowOnView();
+  if (first >= records) return 0;
   int last = table_->rowAt(table_->viewport()->height() - 1);
-  if (last < 0) last = model_->rowCount() - 1;
+  if (last < 0 || last >= records) last = records - 1;
   return last - first + 1;
 }
 

@@ -75,6 +75,8 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   void DrawHeadings();
   void DrawSelection();
   void DrawCurrent();
+  // The cell editor went: a current cell the screen moved meanwhile is drawn.
+  void EditorClosed();
   void DrawPickList(int list);
   int FirstRowOnView() const;
   // Right button released: the screen chooses the menu, the window shows it.
@@ -92,7 +94,9 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   QCheckBox* showExcluded_ = nullptr;
   QCheckBox* showAll_ = nullptr;
   QCheckBox* autoValidate_ = nullptr;
+  QLabel* nameLabel_ = nullptr;
   QComboBox* headerChoices_ = nullptr;
+  QLabel* unitsLabel_ = nullptr;
   QComboBox* unitChoices_ = nullptr;
   QComboBox* variant_ = nullptr;
   QRadioButton* metric_ = nullptr;
@@ -110,6 +114,9 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   // While the window draws, the signals its own drawing raises are no
   // person's doing.
   bool drawing_ = false;
+  // A cell editor is open, and the current cell waits for it to close.
+  bool editorOpen_ = false;
+  bool currentPending_ = false;
   int drawnLeftCol_ = -1;
   int drawnRow_ = -1;
   friend class GridButtonDelegate;

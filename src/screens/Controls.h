@@ -70,6 +70,14 @@ struct ListControl : Control {
   }
 };
 
+// An invisible list of the files of a folder: the folder and the names of
+// its files that the owning screen keeps, in the order they are listed.
+struct FileListBox : Control {
+  std::string Path;
+  std::vector<std::string> Items;
+  FileListBox() { Visible = false; }
+};
+
 // A tab strip: one caption and one enabled state per tab, and the active tab.
 struct TabStrip : Control {
   std::vector<std::string> TabCaption;

@@ -155,14 +155,19 @@ class frmHeaders : public Screen {
   void TDBGrid1_HeadClick(int column);
   // The selection changed: a range of columns is cut to its first.
   void TDBGrid1_SelChange();
-  // The current cell moved to this row and column.
+  // The current cell moved to this row and column. The insert row, after
+  // the last row, has no record: on it the row set stands past its end.
   void TDBGrid1_RowColChange(Recordset::Bookmark bookmark, int column);
   // The grid scrolled: the species and crown ratio lists close.
   void TDBGrid1_Scroll();
   // Before a cell is edited; true cancels the edit (LineNum is never edited).
   bool TDBGrid1_BeforeColEdit(int column);
-  // A row added at the end through the grid: numbered after the last row.
+  // A row added at the end through the grid's insert row: empty by the
+  // Insert key, or holding the text typed into a cell (columns 1 to 30) of
+  // the insert row; nothing typed adds nothing. Either way the after-insert
+  // event numbers it after the last row.
   void AddGridRow();
+  void AddGridRowTyped(int column, const std::string& text);
   void TDBGrid1_AfterInsert();
   // A cell typed by the person: the row is written at once.
   void SetCellText(Recordset::Bookmark bookmark, int column, const std::string& text);
@@ -285,6 +290,9 @@ class frmHeaders : public Screen {
   // take the line of the row on view under the mouse.
   void ExtendRowSelection(int viewRow);
   void SelectRowOnView(int viewRow);
+  // A new record at the end, with the typed cell when typedColumn is 1 or
+  // more, then the after-insert event.
+  void AppendGridRow(int typedColumn, const std::string& typed);
   bool InRowSelector(int x, int y) const;
   const GridGeometry* geometry_ = nullptr;
   bool inMouseMove_ = false;

@@ -76,8 +76,14 @@ void frmHeaders::TDBGrid1_SelChange() {
 
 void frmHeaders::TDBGrid1_RowColChange(Recordset::Bookmark bookmark, int column) {
   RunEvent([&] {
-    if (Adodc1.Recordset && bookmark >= 0 && bookmark < Adodc1.Recordset->RecordCount())
+    if (Adodc1.Recordset && bookmark >= 0 && bookmark < Adodc1.Recordset->RecordCount()) {
       Adodc1.Recordset->SetBookmark(bookmark);
+    } else if (Adodc1.Recordset && bookmark == Adodc1.Recordset->RecordCount()) {
+      // The insert row: no record is current until one is typed there.
+      Recordset& rows = *Adodc1.Recordset;
+      rows.MoveLast();
+      if (!rows.IsEOF()) rows.MoveNext();
+    }
     Col = column;
     Row = 0;
     for (int row = 0; row < Geometry().VisibleRows(); ++row) {
@@ -131,11 +137,24 @@ void frmHeaders::SetCellText(Recordset::Bookmark bookmark, int column, const std
 }
 
 void frmHeaders::AddGridRow() {
+  RunEvent([&] { AppendGridRow(0, {}); });
+}
+
+void frmHeaders::AddGridRowTyped(int column, const std::string& text) {
   RunEvent([&] {
-    if (!Adodc1.Recordset) Raise(err::ObjectNotSet);
-    Adodc1.Recordset->AddNew();
-    TDBGrid1_AfterInsert();
+    if (column < 1 || column > kHeadingColumns || text.empty()) return;
+    AppendGridRow(column, text);
   });
+}
+
+void frmHeaders::AppendGridRow(int typedColumn, const std::string& typed) {
+  if (!Adodc1.Recordset) Raise(err::ObjectNotSet);
+  Recordset& rows = *Adodc1.Recordset;
+  rows.AddNew();
+  // The typed cell is in the record when the after-insert event numbers it,
+  // so that the event leaves it as typed and empties only the others.
+  if (typedColumn >= 1) rows.SetValue(Field(typedColumn), typed);
+  TDBGrid1_AfterInsert();
 }
 
 void frmHeaders::TDBGrid1_AfterInsert() {

@@ -363,9 +363,11 @@ void frmTemplate::cmbTemplate_Click() {
 }
 
 void frmTemplate::RefreshTemplateList(const std::string& name) {
+  fileList.Path = Run().WorkFolder;
+  fileList.Items = TemplateFileNames(fileList.Path);
   cmbTemplate.Clear();
   cmbTemplate.AddItem("None");
-  for (const std::string& file : TemplateFileNames(Run().WorkFolder)) cmbTemplate.AddItem(file.substr(0, file.find('.')));
+  for (const std::string& entry : TemplateNames()) cmbTemplate.AddItem(entry);
   if (name.empty()) {
     cmbTemplate.Select(0);
     cmbTemplate_Click();
@@ -382,6 +384,13 @@ void frmTemplate::RefreshTemplateList(const std::string& name) {
   ShowMessage("Invalid Template Name specified: " + name);
   cmbTemplate.Select(0);
   cmbTemplate_Click();
+}
+
+std::vector<std::string> frmTemplate::TemplateNames() const {
+  std::vector<std::string> names;
+  names.reserve(fileList.Items.size());
+  for (const std::string& file : fileList.Items) names.push_back(file.substr(0, file.find('.')));
+  return names;
 }
 
 void frmTemplate::chkTranslateFile_Click() {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
@@ -55,9 +56,13 @@ class frmTemplate : public Screen {
   // itself does not happen.
   void CloseRequested();
 
-  // Fills cmbTemplate with "None" and the templates of the Work folder, and
-  // selects name (or "None" when it is empty).
+  // Refreshes fileList from the Work folder, fills cmbTemplate with "None"
+  // and the templates fileList holds, and selects name (or "None" when it is
+  // empty).
   void RefreshTemplateList(const std::string& name);
+  // The templates fileList holds, each file's name up to its first ".":
+  // cmbTemplate's entries after "None", and the save dialog's list.
+  std::vector<std::string> TemplateNames() const;
   void UpdateGroupEnabling();
   void UpdateNextButtons();
 
@@ -95,6 +100,10 @@ class frmTemplate : public Screen {
   Button cmdConfigure;
   Button cmdHelp;
   Button cmdQuit;
+
+  // The template files of the Work folder as RefreshTemplateList last found
+  // them, in a stable order.
+  FileListBox fileList;
 
  protected:
   void DescribeControls(StateDigest& digest) const override;

@@ -2,36 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <vector>
 
+#include "screens/Application.h"
 #include "screens/StateDigest.h"
+#include "screens/frmTemplate.h"
 #include "shell/Failure.h"
 #include "shell/Help.h"
 #include "shell/RunState.h"
 #include "shell/Text.h"
 #include "shell/Toolkit.h"
-#include "templates/TemplateFile.h"
 
 namespace corvalin {
 
 namespace {
-
-// The templates of the Work folder, as the file list of frmTemplate shows
-// them: "*.cnv" names in name order, each up to its first ".".
-std::vector<std::string> ExistingTemplateNames() {
-  std::vector<std::string> files;
-  std::error_code ec;
-  for (std::filesystem::directory_iterator it(Run().WorkFolder, ec), end; !ec && it != end; it.increment(ec)) {
-    const std::string name = it->path().filename().string();
-    if (name.size() >= 4 && EqualsNoCase(name.substr(name.size() - 4), TemplateExtension)) files.push_back(name);
-  }
-  std::sort(files.begin(), files.end(), [](const std::string& a, const std::string& b) {
-    return ToLower(a) < ToLower(b);
-  });
-  for (std::string& file : files) file = file.substr(0, file.find('.'));
-  return files;
-}
 
 bool IsReservedDeviceName(const std::string& name) {
   static constexpr std::array<const char*, 9> kReserved = {"prn",  "lpt1", "lpt2", "lpt3", "lpt4",
@@ -47,6 +31,10 @@ bool IsNameCharacter(unsigned char c) {
 
 void frmTemplateName::Form_Load() {
   RunEvent([&] {
+    // The first screen's list of templates, so that both leave out the same
+    // files. Taken first: a first screen loaded only now has its own load
+    // run, which names itself the current screen.
+    const std::vector<std::string> templates = App().Template().TemplateNames();
     Run().CurrentScreen = "templateName";
     Caption = std::string(ApplicationTitle) + " - Save Template As...";
     Label1.Caption = "Template Name:";
@@ -54,7 +42,7 @@ void frmTemplateName::Form_Load() {
     cmdCancel.Caption = "Cancel";
     cmdHelp.Caption = "Help";
     Run().TemplateSaved = false;
-    for (const std::string& name : ExistingTemplateNames()) cmbTemplateName.AddItem(name);
+    for (const std::string& name : templates) cmbTemplateName.AddItem(name);
   });
 }
 

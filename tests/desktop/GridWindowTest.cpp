@@ -1,12 +1,15 @@
 // The grid screen's real window, offscreen: the table model checked by Qt's
-// model tester, two-line headings, heading clicks, presses and shift-presses
-// in the strip of row selectors, cells coloured as they are typed, the pick
-// list opened on its entry beside the cell (to the left near the right
-// edge), the context menus' enabled entries, the damage dialog from a cell's
-// button, and validation's failure brought into view.
+// model tester, two-line headings, heading clicks, the assign lists and their
+// labels shown only for a selected column, presses and shift-presses in the
+// strip of row selectors, cells coloured as they are typed, rows typed into
+// the insert row, the pick list opened on its entry beside the cell (to the
+// left near the right edge), the context menus' enabled entries, the damage
+// dialog from a cell's button, validation's failure brought into view, and
+// the save dialog's list of templates.
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -16,7 +19,9 @@
 #include "GridSession.h"
 #include "desktop/GridModel.h"
 #include "desktop/frmDamageSeverityWindow.h"
+#include "desktop/frmTemplateNameWindow.h"
 #include "screens/frmDamageSeverity.h"
+#include "screens/frmTemplate.h"
 #include "shell/EventScope.h"
 #include "worktable/clsDBEngine.h"
 
@@ -53,7 +58,8 @@ QColor Background(QAbstractItemModel* model, int row, int column) {
 void TypeInto(QTableView* table, const QModelIndex& index, const QString& text) {
   table->setCurrentIndex(index);
   table->edit(index);
-  auto* editor = table->viewport()->findChild<QLineEdit*>();
+  // The cell's own editor: one closed before may not have been deleted yet.
+  auto* editor = qobject_cast<QLineEdit*>(table->indexWidget(index));
   QVERIFY(editor != nullptr);
   editor->selectAll();
   QTest::keyClicks(editor, text);
@@ -104,17 +110,20 @@ class GridWindowTest : public QObject {
     QVERIFY(window != nullptr);
     QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
     frmHeaders& headers = App().Headers();
-    QCOMPARE(window->Model()->rowCount(), 40);
+    // The table's 40 rows and the insert row.
+    QCOMPARE(window->Model()->rowCount(), 41);
     QCOMPARE(window->Model()->columnCount(), 32);
     ScreenWindow::Fire([&] { headers.AddGridRow(); });
-    QCOMPARE(window->Model()->rowCount(), 41);
+    QCOMPARE(window->Model()->rowCount(), 42);
     QCOMPARE(window->Model()->data(window->Model()->index(40, 0)).toString(), QStringLiteral("41"));
     QVERIFY(window->Model()->setData(window->Model()->index(3, 3), QStringLiteral("11")));
+    QVERIFY(window->Model()->setData(window->Model()->index(41, 4), QStringLiteral("13")));
+    QCOMPARE(window->Model()->rowCount(), 43);
     ScreenWindow::Fire([&] {
       headers.chkShowExcludedRows.Value = 0;
       headers.chkShowExcludedRows_Click();
     });
-    QCOMPARE(window->Model()->rowCount(), 41);
+    QCOMPARE(window->Model()->rowCount(), 43);
   }
 
   void HeadingsAreTypeOverUnitsLineNumIsReadOnlyAndExcludedHidden() {
@@ -141,7 +150,50 @@ class GridWindowTest : public QObject {
     auto* units = window->findChild<QComboBox*>(QStringLiteral("cmbUnitChoices"));
     QCOMPARE(name->currentText(), QStringLiteral("DBH"));
     QCOMPARE(units->currentText(), QStringLiteral("cm"));
-    QVERIFY(window->Table()->selectionModel()->isColumnSelected(4));
+    // Every record's cell of the column; the insert row after them is none.
+    QItemSelectionModel* selection = window->Table()->selectionModel();
+    QVERIFY(selection->isSelected(window->Model()->index(0, 4)));
+    QVERIFY(selection->isSelected(window->Model()->index(39, 4)));
+    QVERIFY(!selection->isSelected(window->Model()->index(40, 4)));
+  }
+
+  void TheAssignListsAndTheirLabelsShowOnlyWhileAColumnIsSelected() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QTableView* table = window->Table();
+    auto* name = window->findChild<QComboBox*>(QStringLiteral("cmbHeaderChoices"));
+    auto* units = window->findChild<QComboBox*>(QStringLiteral("cmbUnitChoices"));
+    auto* nameLabel = window->findChild<QLabel*>(QStringLiteral("Label1"));
+    auto* unitsLabel = window->findChild<QLabel*>(QStringLiteral("Label2"));
+    QVERIFY(name != nullptr && units != nullptr && nameLabel != nullptr && unitsLabel != nullptr);
+    QCOMPARE(nameLabel->text(), QStringLiteral("Name:"));
+    QCOMPARE(unitsLabel->text(), QStringLiteral("Units:"));
+    auto shown = [&] {
+      QApplication::processEvents();
+      return QList<bool>{!name->isHidden(), !nameLabel->isHidden(), !units->isHidden(), !unitsLabel->isHidden()};
+    };
+    const QList<bool> none{false, false, false, false};
+    const QList<bool> all{true, true, true, true};
+    QCOMPARE(shown(), none);
+    const QRect group = name->parentWidget()->geometry();
+    const QRect grid = table->geometry();
+    QHeaderView* heading = table->horizontalHeader();
+    auto clickHeading = [&](int column) {
+      QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
+                        QPoint(heading->sectionViewportPosition(column) + 10, heading->height() / 2));
+    };
+    clickHeading(0);
+    QCOMPARE(shown(), none);
+    clickHeading(1);
+    QCOMPARE(shown(), all);
+    QCOMPARE(name->currentText(), QStringLiteral("Plot ID"));
+    // Shown or hidden, the group keeps its size and the grid its place.
+    QCOMPARE(name->parentWidget()->geometry(), group);
+    QCOMPARE(table->geometry(), grid);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, CellCentre(table, 2, 2));
+    QCOMPARE(App().Headers().CurrentColumn, -1);
+    QCOMPARE(shown(), none);
+    QCOMPARE(name->parentWidget()->geometry(), group);
+    QCOMPARE(table->geometry(), grid);
   }
 
   void ShiftClicksInTheRowStripExtendByLineNumber() {
@@ -303,6 +355,110 @@ class GridWindowTest : public QObject {
     QCOMPARE(session_->boxes, std::vector<std::string>{"Do you really want to quit?"});
     QVERIFY(window->isVisible());
     QVERIFY(App().Headers().Visible());
+  }
+
+  void TheInsertRowIsMarkedAfterTheLastRowWithEmptyCellsAndAReadOnlyLineNum() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QAbstractItemModel* model = window->Model();
+    QCOMPARE(model->rowCount(), 41);
+    QCOMPARE(model->headerData(40, Qt::Vertical).toString(), QStringLiteral("*"));
+    QCOMPARE(model->headerData(39, Qt::Vertical).toString(), QString());
+    for (int column = 0; column < GridModel::kColumns; ++column)
+      QCOMPARE(model->data(model->index(40, column)).toString(), QString());
+    QVERIFY(!(model->flags(model->index(40, 0)) & Qt::ItemIsEditable));
+    QVERIFY(model->flags(model->index(40, 3)) & Qt::ItemIsEditable);
+    QCOMPARE(Background(model, 40, 3), QColor());
+  }
+
+  void TypingIntoTheInsertRowAddsARowNumberedAfterTheLastAndTheInsertRowMovesBelowIt() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QTableView* table = window->Table();
+    QAbstractItemModel* model = window->Model();
+    frmHeaders& headers = App().Headers();
+    Run().TranslationDone = true;
+    TypeInto(table, model->index(40, 4), QStringLiteral("12"));
+    QCOMPARE(headers.Adodc1.Recordset->RecordCount(), 41L);
+    QCOMPARE(model->rowCount(), 42);
+    QCOMPARE(model->data(model->index(40, 0)).toString(), QStringLiteral("41"));
+    QCOMPARE(model->data(model->index(40, 4)).toString(), QStringLiteral("12"));
+    QCOMPARE(model->data(model->index(40, 3)).toString(), QString());
+    QCOMPARE(model->data(model->index(40, frmHeaders::kExcludedColumn)).toString(), QStringLiteral("N"));
+    QVERIFY(!Run().TranslationDone);
+    // The insert row is last again, and the cursor stays on the new row.
+    QCOMPARE(model->headerData(41, Qt::Vertical).toString(), QStringLiteral("*"));
+    QCOMPARE(model->headerData(40, Qt::Vertical).toString(), QString());
+    QCOMPARE(model->data(model->index(41, 4)).toString(), QString());
+    QCOMPARE(table->currentIndex(), model->index(40, 4));
+    // A second row typed into the insert row follows the first.
+    TypeInto(table, model->index(41, 1), QStringLiteral("5"));
+    QCOMPARE(model->rowCount(), 43);
+    QCOMPARE(model->data(model->index(41, 0)).toString(), QStringLiteral("42"));
+    QCOMPARE(model->data(model->index(41, 1)).toString(), QStringLiteral("5"));
+    // The Insert key still adds an empty row.
+    table->setFocus();
+    QTest::keyClick(table, Qt::Key_Insert);
+    QCOMPARE(model->rowCount(), 44);
+    QCOMPARE(model->data(model->index(42, 0)).toString(), QStringLiteral("43"));
+    QCOMPARE(model->data(model->index(42, 1)).toString(), QString());
+    QCOMPARE(model->headerData(43, Qt::Vertical).toString(), QStringLiteral("*"));
+  }
+
+  void TheInsertRowTakesNoRowSelectionNoPickListAndNoValidation() {
+    frmHeadersWindow* window = session_->Open(Trees(8));
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QTableView* table = window->Table();
+    QAbstractItemModel* model = window->Model();
+    frmHeaders& headers = App().Headers();
+    QCOMPARE(model->rowCount(), 9);
+    // A press in the strip beside the insert row selects no row.
+    QWidget* strip = table->verticalHeader()->viewport();
+    QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, QPoint(4, table->rowViewportPosition(8) + 3));
+    QVERIFY(headers.SelBookmarks.empty());
+    QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, QPoint(4, table->rowViewportPosition(7) + 3));
+    QCOMPARE(headers.SelBookmarks, std::vector<Recordset::Bookmark>{7});
+    QTest::mouseClick(strip, Qt::LeftButton, Qt::ShiftModifier, QPoint(4, table->rowViewportPosition(8) + 3));
+    QCOMPARE(headers.SelBookmarks, std::vector<Recordset::Bookmark>{7});
+    // A selected column runs down to the last record only.
+    QHeaderView* heading = table->horizontalHeader();
+    QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(heading->sectionViewportPosition(3) + 10, heading->height() / 2));
+    QVERIFY(table->selectionModel()->isSelected(model->index(7, 3)));
+    QVERIFY(!table->selectionModel()->isSelected(model->index(8, 3)));
+    // The species cell of the insert row, current, has no button to open
+    // the list: a click where the button would be opens nothing.
+    const QModelIndex species = model->index(8, 3);
+    table->setCurrentIndex(species);
+    QVERIFY(headers.Adodc1.Recordset->IsEOF());
+    const QRect cell = table->visualRect(species);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(cell.right() - 4, cell.center().y()));
+    QTest::keyClick(table, Qt::Key_F4);
+    QVERIFY(!window->PickListWidget(static_cast<int>(frmHeaders::PickList::Species))->isVisible());
+    // Validation sees the table's rows alone.
+    session_->AnswerBoxes();
+    QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("cmdValidate")), Qt::LeftButton);
+    session_->StopAnswering();
+    QCOMPARE(session_->boxes, std::vector<std::string>{"Data validated - ready for translation."});
+  }
+
+  void TheSaveDialogListsTheTemplatesTheFirstScreenLists() {
+    for (const char* file : {"Plot.CNV", "beta.cnv", "Alpha.cnv", "notes.txt"}) {
+      QFile made(session_->Work() + QString::fromLatin1(file));
+      QVERIFY(made.open(QIODevice::WriteOnly));
+    }
+    frmHeadersWindow* window = session_->Open(Trees());
+    QStringList listed;
+    WhenUp<frmTemplateNameWindow>([&](frmTemplateNameWindow* dialog) {
+      for (int i = 0; i < dialog->Name()->count(); ++i) listed << dialog->Name()->itemText(i);
+      QTest::mouseClick(dialog->Cancel(), Qt::LeftButton);
+    });
+    QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("cmdSaveTemplate")), Qt::LeftButton);
+    QStringList firstScreen;
+    for (const std::string& item : App().Template().cmbTemplate.Items) firstScreen << QString::fromStdString(item);
+    QCOMPARE(firstScreen.takeFirst(), QStringLiteral("None"));
+    QCOMPARE(listed, firstScreen);
+    QCOMPARE(listed, (QStringList{QStringLiteral("Alpha"), QStringLiteral("beta")}));
   }
 
   void TypingACharacterWithoutASingleByteIsRefused() {

@@ -372,7 +372,8 @@ class SetupWindowsTest : public QObject {
     QVERIFY(grid != nullptr);
     QVERIFY(Window(QStringLiteral("frmColumns")) == nullptr);
     QAbstractItemModel* model = Child<QTableView>(grid, "TDBGrid1")->model();
-    QCOMPARE(model->rowCount(), 2);
+    // The file's two lines and the insert row after them.
+    QCOMPARE(model->rowCount(), 3);
     // LineNum, then the cells as the file has them.
     QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("1"));
     QCOMPARE(model->index(0, 1).data().toString(), QStringLiteral("12"));

@@ -119,6 +119,24 @@ TEST_F(GridEventsTest, ASelectionOfSeveralColumnsIsCutToItsFirst) {
   EXPECT_EQ(headers.cmbHeaderChoices.Text, "Species");
 }
 
+TEST_F(GridEventsTest, TheAssignListsShowOnlyWhileAColumnOtherThanLineNumIsSelected) {
+  Lines(3);
+  frmHeaders& headers = Activate();
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_HeadClick(0);
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_HeadClick(1);
+  EXPECT_TRUE(headers.cmbHeaderChoices.Visible);
+  EXPECT_TRUE(headers.cmbUnitChoices.Visible);
+  headers.TDBGrid1_RowColChange(BookmarkOfLine(headers, 2), 1);
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  EXPECT_FALSE(headers.cmbUnitChoices.Visible);
+  EXPECT_EQ(headers.cmbHeaderChoices.ListIndex, -1);
+  EXPECT_EQ(headers.cmbUnitChoices.ListIndex, -1);
+}
+
 TEST_F(GridEventsTest, MovingTheCurrentCellHidesTheAssignListsAndTakesTheRowOnView) {
   Lines(5);
   frmHeaders& headers = Activate();
@@ -220,6 +238,75 @@ TEST_F(GridEventsTest, TheOnlyRowIsLineOne) {
   headers.AddGridRow();
   EXPECT_EQ(CellOf(1, "Excluded"), "N");
   EXPECT_EQ(CellOf(1, "c30"), "");
+}
+
+TEST_F(GridEventsTest, TextTypedIntoTheInsertRowIsANewRowNumberedAfterTheLastRowOnView) {
+  MakeTable({{1, {"a"}}, {2, {"b"}}, {7, {"c"}, "Y"}});
+  UseHeadings("ShowExcludedRows=NO\r\n");
+  frmHeaders& headers = Activate();
+  Run().TranslationDone = true;
+  headers.AddGridRowTyped(2, "12");
+  EXPECT_FALSE(Run().TranslationDone);
+  EXPECT_EQ(headers.Adodc1.Recordset->RecordCount(), 3);
+  EXPECT_EQ(CellOf(3, "c2"), "12");
+  EXPECT_EQ(CellOf(3, "c1"), "");
+  EXPECT_EQ(CellOf(3, "c30"), "");
+  EXPECT_EQ(CellOf(3, "Excluded"), "N");
+  // The new row is the current record, so the person goes on typing in it.
+  EXPECT_EQ(headers.Adodc1.Recordset->GetBookmark(), 2);
+}
+
+TEST_F(GridEventsTest, TextTypedIntoTheInsertRowOfAnEmptyTableIsLineOne) {
+  MakeTable({});
+  frmHeaders& headers = Activate();
+  headers.AddGridRowTyped(30, "x");
+  EXPECT_EQ(headers.Adodc1.Recordset->RecordCount(), 1);
+  EXPECT_EQ(CellOf(1, "c30"), "x");
+  EXPECT_EQ(CellOf(1, "Excluded"), "N");
+}
+
+TEST_F(GridEventsTest, NewRowsAreNumberedAfterTheLastRowEvenWhereTheNumberRepeats) {
+  MakeTable({{1, {"a"}}, {5, {"b"}}, {3, {"c"}}});
+  frmHeaders& headers = Activate();
+  headers.AddGridRowTyped(1, "d");
+  EXPECT_EQ(headers.Adodc1.Recordset->RecordCount(), 4);
+  EXPECT_EQ(headers.Adodc1.Recordset->Text("LineNum"), "4");
+  headers.AddGridRow();
+  EXPECT_EQ(headers.Adodc1.Recordset->Text("LineNum"), "5");
+  EXPECT_EQ(headers.Adodc1.Recordset->TextOrEmpty("c1"), "");
+}
+
+TEST_F(GridEventsTest, NothingTypedOrATypedLineNumOrExcludedAddsNoRow) {
+  Lines(3);
+  frmHeaders& headers = Activate();
+  headers.TakeChanges();
+  headers.AddGridRowTyped(1, "");
+  headers.AddGridRowTyped(0, "9");
+  headers.AddGridRowTyped(frmHeaders::kExcludedColumn, "Y");
+  EXPECT_EQ(headers.Adodc1.Recordset->RecordCount(), 3);
+  EXPECT_TRUE(headers.TakeChanges().insertedRows.Empty());
+}
+
+TEST_F(GridEventsTest, TheInsertRowHasNoRecordSoTheCurrentRowIsPastTheLast) {
+  Lines(3);
+  frmHeaders& headers = Activate();
+  headers.TDBGrid1_HeadClick(1);
+  headers.TDBGrid1_RowColChange(3, 2);
+  EXPECT_TRUE(headers.Adodc1.Recordset->IsEOF());
+  EXPECT_EQ(headers.Col, 2);
+  EXPECT_EQ(headers.CurrentColumn, -1);
+  EXPECT_FALSE(headers.cmbHeaderChoices.Visible);
+  headers.AddGridRowTyped(2, "FD");
+  EXPECT_EQ(headers.Adodc1.Recordset->GetBookmark(), 3);
+  EXPECT_EQ(CellOf(4, "c2"), "FD");
+}
+
+TEST_F(GridEventsTest, TheInsertRowOfAnEmptyTableHasNoCurrentRecordEither) {
+  MakeTable({});
+  frmHeaders& headers = Activate();
+  headers.TDBGrid1_RowColChange(0, 1);
+  EXPECT_TRUE(headers.Adodc1.Recordset->IsEOF());
+  EXPECT_EQ(headers.Col, 1);
 }
 
 // ---------------------------------------------------------------- pick lists

@@ -1,5 +1,7 @@
 // The naming rules of templates, checked at OK in their order.
 #include "TestSupport.h"
+#include "screens/Application.h"
+#include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
 #include "shell/RunState.h"
 
@@ -26,6 +28,31 @@ TEST_F(frmTemplateNameTest, LoadTitlesTheDialogAndListsExistingTemplates) {
   EXPECT_EQ(Run().CurrentScreen, "templateName");
   EXPECT_FALSE(Run().TemplateSaved);
   EXPECT_EQ(dialog.cmbTemplateName.Items, (std::vector<std::string>{"alpha", "beta"}));
+}
+
+TEST_F(frmTemplateNameTest, ListsTheFirstScreensTemplatesAndLeavesOutWhatItLeavesOut) {
+  testing::WriteFile(home / "Work" / "Plot.CNV", "");
+  testing::WriteFile(home / "Work" / "beta.cnv", "");
+  testing::WriteFile(home / "Work" / "Alpha.cnv", "");
+  testing::WriteFile(home / "Work" / "gamma.two.cnv", "");
+  testing::WriteFile(home / "Work" / ".cnv", "");
+  std::filesystem::create_directory(home / "Work" / "folder.cnv");
+  dialog.Form_Load();
+  const std::vector<std::string>& setup = App().Template().cmbTemplate.Items;
+  ASSERT_FALSE(setup.empty());
+  EXPECT_EQ(dialog.cmbTemplateName.Items, std::vector<std::string>(setup.begin() + 1, setup.end()));
+  EXPECT_EQ(dialog.cmbTemplateName.Items, (std::vector<std::string>{"Alpha", "beta", "gamma"}));
+}
+
+TEST_F(frmTemplateNameTest, TheListIsTheFirstScreensAsItStandsUntilThatIsRefreshed) {
+  App().Template();
+  testing::WriteFile(home / "Work" / "later.cnv", "");
+  dialog.Form_Load();
+  EXPECT_TRUE(dialog.cmbTemplateName.Items.empty());
+  App().Template().RefreshTemplateList("later");
+  frmTemplateName again;
+  again.Form_Load();
+  EXPECT_EQ(again.cmbTemplateName.Items, std::vector<std::string>{"later"});
 }
 
 TEST_F(frmTemplateNameTest, UpperCaseNameIsSavedLowerCase) {
