@@ -107,7 +107,8 @@ QtToolkit::~QtToolkit() {
 }
 
 Answer QtToolkit::Message(const MessageRequest& request) {
-  QMessageBox box;
+  // Over the window in front, centred on it.
+  QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(ToQt(request.title.empty() ? std::string(ApplicationTitle) : request.title));
   box.setText(ToQt(request.text));
   switch (request.icon) {

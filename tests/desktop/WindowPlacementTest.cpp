@@ -157,6 +157,23 @@ class WindowPlacementTest : public QObject {
     QCOMPARE(columns->frameGeometry().bottomRight(), Area().bottomRight());
   }
 
+  void aMessageBoxOpensCentredOverTheWindowInFront() {
+    QWidget* setup = ReadySetup();
+    setup->move(Area().left() + 40, Area().top() + 30);
+    setup->activateWindow();
+    Settle();
+    // The active window is the box's owner once the platform says so.
+    while (QApplication::activeWindow() != setup) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QPoint offCentre;
+    WhenModal([&](QWidget* modal) {
+      offCentre = modal->frameGeometry().center() - setup->frameGeometry().center();
+      qobject_cast<QMessageBox*>(modal)->button(QMessageBox::Ok)->click();
+    });
+    toolkit_.Message({"A message over the first screen.", Buttons::OK, Icon::Information, "t", 1});
+    QVERIFY2(qAbs(offCentre.x()) <= 2 && qAbs(offCentre.y()) <= 2,
+             qPrintable(QStringLiteral("%1,%2").arg(offCentre.x()).arg(offCentre.y())));
+  }
+
   void theBusyWindowAndTheAppendQuestionOpenWhole() {
     QWidget* setup = ReadySetup();
     QWidget* columns = Press(setup, "cmdNextTrans", "frmColumns");
