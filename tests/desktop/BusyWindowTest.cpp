@@ -25,13 +25,6 @@ using namespace corvalin::desktoptest;
 
 namespace {
 
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  T* child = window->findChild<T*>(QString::fromLatin1(name));
-  if (child == nullptr) qFatal("no control %s", name);
-  return child;
-}
-
 void Write(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   QVERIFY(file.open(QIODevice::WriteOnly));
@@ -64,54 +57,24 @@ const QString kSurvey = QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree
 
 }  // namespace
 
-class BusyWindowTest : public QObject {
+class BusyWindowTest : public QObject, public WizardWindows {
   Q_OBJECT
 
  private:
-  QtToolkit toolkit_;
-
   // The column screen over the input, with the template chosen.
   QWidget* Columns(const QString& input, const QString& output, const QString& templateName) {
-    FreshConfiguredHome();
-    MainForm().Form_Load();
-    Settle();
-    QWidget* setup = Window(QStringLiteral("frmTemplate"));
-    if (setup == nullptr) qFatal("the first screen is not up");
-    auto* templates = Child<QComboBox>(setup, "cmbTemplate");
-    const int index = templates->findText(templateName);
-    templates->setCurrentIndex(index);
-    emit templates->activated(index);
-    std::deque<std::string> files{input.toStdString(), output.toStdString()};
-    toolkit_.AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
-      std::string file = files.front();
-      files.pop_front();
-      return file;
-    };
-    Child<QPushButton>(setup, "cmdChangeInput")->click();
-    Child<QPushButton>(setup, "cmdChangeOutput")->click();
-    toolkit_.AnswerFileDialog = nullptr;
-    Child<QPushButton>(setup, "cmdNextTrans")->click();
-    Settle();
-    QWidget* columns = Window(QStringLiteral("frmColumns"));
-    if (columns == nullptr) qFatal("the column screen is not up");
-    return columns;
+    return Press(ReadyFirstScreen(toolkit_, input, output, templateName), "cmdNextTrans", "frmColumns");
   }
 
  private slots:
   void initTestCase() {
-    SetToolkit(&toolkit_);
+    UseToolkit();
     // Pending events run at every line: the busy window is seen, whatever
     // the machine's speed.
     toolkit_.SetEventInterval(0);
   }
-  void cleanupTestCase() {
-    ResetProcessState();
-    SetToolkit(nullptr);
-  }
-  void cleanup() {
-    ResetProcessState();
-    Settle();
-  }
+  void cleanupTestCase() { LeaveToolkit(); }
+  void cleanup() { FreshProcessAfterTest(); }
 
   void aLoadThatFailsLeavesNoBusyWindow() {
     const QString home = QDir::homePath();
@@ -145,7 +108,8 @@ class BusyWindowTest : public QObject {
     Settle();
     QVERIFY(person.busySeen);
     // The translation reports its failure, then goes on as if all were well.
-    QCOMPARE(person.boxes, (QStringList{QStringLiteral("Error translating file.Module = BusyMessage\n76: Path not found"),
+    QCOMPARE(person.boxes, (QStringList{QStringLiteral("Error translating file.Module = "
+                                                       "BusyMessage\n76: Path not found"),
                                         QStringLiteral("Translation completed.")}));
     QVERIFY(Window(QStringLiteral("frmBusyMessage")) == nullptr);
     QVERIFY(!Run().BusyWindowLoaded);

@@ -28,13 +28,6 @@ using namespace corvalin::desktoptest;
 
 namespace {
 
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  T* child = window->findChild<T*>(QString::fromLatin1(name));
-  if (child == nullptr) qFatal("no control %s", name);
-  return child;
-}
-
 void Send(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {
   QMouseEvent event(type, QPointF(at), widget->mapToGlobal(QPointF(at)),
                     type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);

@@ -6,19 +6,26 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
+#include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "ConfiguredHome.h"
+#include "desktop/QtToolkit.h"
 #include "desktop/ViewFactory.h"
 #include "screens/ProcessState.h"
+#include "screens/frmMain.h"
 #include "shell/Process.h"
 #include "shell/Settings.h"
+#include "shell/Toolkit.h"
 
 namespace corvalin::desktoptest {
 
@@ -78,11 +85,80 @@ inline void AnswerBox(QMessageBox::StandardButton button, QString* text = nullpt
   });
 }
 
+// The control of a window with this object name; the test ends when there
+// is none.
+template <class T>
+T* Child(QWidget* window, const char* name) {
+  T* child = window->findChild<T*>(QString::fromLatin1(name));
+  if (child == nullptr) qFatal("no control %s", name);
+  return child;
+}
+
 // The visible top-level window with this object name, or null.
 inline QWidget* Window(const QString& name) {
   for (QWidget* widget : QApplication::topLevelWidgets())
     if (widget->objectName() == name && widget->isVisible()) return widget;
   return nullptr;
 }
+
+// The first screen of a new configured HOME, with the template chosen in its
+// list and the input and output chosen through its Browse buttons (the
+// output's name in the HOME unless it is a full path).
+inline QWidget* ReadyFirstScreen(QtToolkit& toolkit, const QString& input, const QString& output,
+                                 const QString& templateName) {
+  const QString home = FreshConfiguredHome();
+  MainForm().Form_Load();
+  Settle();
+  QWidget* setup = Window(QStringLiteral("frmTemplate"));
+  if (setup == nullptr) qFatal("the first screen is not up");
+  auto* templates = Child<QComboBox>(setup, "cmbTemplate");
+  const int index = templates->findText(templateName);
+  templates->setCurrentIndex(index);
+  emit templates->activated(index);
+  const QString outputPath = output.startsWith(QLatin1Char('/')) ? output : home + QLatin1Char('/') + output;
+  std::deque<std::string> files{input.toStdString(), outputPath.toStdString()};
+  toolkit.AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
+    std::string file = files.front();
+    files.pop_front();
+    return file;
+  };
+  Child<QPushButton>(setup, "cmdChangeInput")->click();
+  Child<QPushButton>(setup, "cmdChangeOutput")->click();
+  toolkit.AnswerFileDialog = nullptr;
+  Settle();
+  return setup;
+}
+
+// The window named that a press of the window's button brings up.
+inline QWidget* Press(QWidget* window, const char* button, const char* next) {
+  Child<QPushButton>(window, button)->click();
+  Settle();
+  QWidget* shown = Window(QString::fromLatin1(next));
+  if (shown == nullptr) qFatal("no window %s after %s", next, button);
+  return shown;
+}
+
+// What a test program of the wizard's windows holds: the desktop's Toolkit,
+// in use from its first test to its last, and a fresh process after each.
+class WizardWindows {
+ protected:
+  QtToolkit toolkit_;
+
+  void UseToolkit() { SetToolkit(&toolkit_); }
+  static void LeaveToolkit() {
+    ResetProcessState();
+    SetToolkit(nullptr);
+  }
+  static void FreshProcessAfterTest() {
+    ResetProcessState();
+    Settle();
+  }
+  // The first screen over the survey, with the lolo template and an output
+  // in the HOME.
+  QWidget* LoloFirstScreen() {
+    return ReadyFirstScreen(toolkit_, QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree.csv"),
+                            QStringLiteral("lolo.tre"), QStringLiteral("lolo"));
+  }
+};
 
 }  // namespace corvalin::desktoptest

@@ -5,16 +5,16 @@
 // F4 or Alt+Down and close with Escape.
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QCheckBox>
-#include <QMenu>
-#include <QRadioButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTimer>
@@ -30,21 +30,14 @@
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
 #include "screens/frmHeaders.h"
-#include "screens/frmTemplate.h"
 #include "screens/frmMain.h"
+#include "screens/frmTemplate.h"
 #include "shell/RunState.h"
 
 using namespace corvalin;
 using namespace corvalin::desktoptest;
 
 namespace {
-
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  T* child = window->findChild<T*>(QString::fromLatin1(name));
-  if (child == nullptr) qFatal("no control %s", name);
-  return child;
-}
 
 // The names of the controls Tab reaches from the first, in turn, as far as
 // it comes back to the first: visible and enabled ones only.
@@ -103,9 +96,9 @@ void ExpectAccessKeysWithoutClashes(QWidget* window) {
     const bool usable = control != nullptr && control->isEnabled() && control->isVisible();
     if (it.value().isNull() && !usable) continue;
     QVERIFY2(!it.value().isNull(), qPrintable(window->objectName() + QStringLiteral(": no key for ") + it.key()));
-    QVERIFY2(!owners.contains(it.value()), qPrintable(window->objectName() + QStringLiteral(": ") + it.key() +
-                                                      QStringLiteral(" and ") + owners.value(it.value()) +
-                                                      QStringLiteral(" share ") + it.value()));
+    QVERIFY2(!owners.contains(it.value()),
+             qPrintable(window->objectName() + QStringLiteral(": ") + it.key() + QStringLiteral(" and ") +
+                        owners.value(it.value()) + QStringLiteral(" share ") + it.value()));
     owners.insert(it.value(), it.key());
   }
 }
@@ -162,48 +155,16 @@ void WhenModalPopup(std::function<void(QMenu*)> act) {
 
 }  // namespace
 
-class KeyboardTest : public QObject {
+class KeyboardTest : public QObject, public WizardWindows {
   Q_OBJECT
 
- private:
-  QtToolkit toolkit_;
-
-  QWidget* ReadySetup() {
-    const QString home = FreshConfiguredHome();
-    MainForm().Form_Load();
-    Settle();
-    QWidget* setup = Window(QStringLiteral("frmTemplate"));
-    if (setup == nullptr) qFatal("the first screen is not up");
-    auto* templates = Child<QComboBox>(setup, "cmbTemplate");
-    const int lolo = templates->findText(QStringLiteral("lolo"));
-    templates->setCurrentIndex(lolo);
-    emit templates->activated(lolo);
-    std::deque<std::string> files{kSurvey.toStdString(), (home + QStringLiteral("/lolo.tre")).toStdString()};
-    toolkit_.AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
-      std::string file = files.front();
-      files.pop_front();
-      return file;
-    };
-    Child<QPushButton>(setup, "cmdChangeInput")->click();
-    Child<QPushButton>(setup, "cmdChangeOutput")->click();
-    toolkit_.AnswerFileDialog = nullptr;
-    Settle();
-    return setup;
-  }
-
  private slots:
-  void initTestCase() { SetToolkit(&toolkit_); }
-  void cleanupTestCase() {
-    ResetProcessState();
-    SetToolkit(nullptr);
-  }
-  void cleanup() {
-    ResetProcessState();
-    Settle();
-  }
+  void initTestCase() { UseToolkit(); }
+  void cleanupTestCase() { LeaveToolkit(); }
+  void cleanup() { FreshProcessAfterTest(); }
 
   void theFirstScreenReadsTopToBottomWithAKeyForEachControl() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     QCOMPARE(TabChain(setup),
              (QStringList{"chkTranslateFile", "lblInputFile", "cmdChangeInput", "chkNoInput", "lblOutputFile",
                           "cmdChangeOutput", "cmbTemplate", "cmdDeleteTemplate", "cmdFinish", "cmdNextTrans",
@@ -216,15 +177,15 @@ class KeyboardTest : public QObject {
   }
 
   void theDefaultsReadTopToBottomAndEscapeIsTheirCancel() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     bool checked = false;
     WhenModal([&checked](QWidget* defaults) {
       checked = true;
-      QCOMPARE(TabChain(defaults),
-               (QStringList{"chkTranslateFile", "lblInputFile", "cmdSelectInputFile", "lblOutputFile",
-                            "cmdSelectOutputFile", "txtInputFileExtensions", "txtOutputFileExtensions", "cmbTemplate",
-                            "cmbVariant", "optMetric", "optImperial", "chkEditStandListFile", "cmdHelp", "cmdOk",
-                            "cmdCancel"}));
+      QCOMPARE(
+          TabChain(defaults),
+          (QStringList{"chkTranslateFile", "lblInputFile", "cmdSelectInputFile", "lblOutputFile", "cmdSelectOutputFile",
+                       "txtInputFileExtensions", "txtOutputFileExtensions", "cmbTemplate", "cmbVariant", "optMetric",
+                       "optImperial", "chkEditStandListFile", "cmdHelp", "cmdOk", "cmdCancel"}));
       ExpectAccessKeysWithoutClashes(defaults);
       ExpectNamedControls(defaults);
       // A change through a screen reader is a change of the screen's.
@@ -233,8 +194,7 @@ class KeyboardTest : public QObject {
       ToggleThroughReader(wasImperial ? static_cast<QAbstractButton*>(Child<QRadioButton>(defaults, "optMetric"))
                                       : imperial);
       QCOMPARE(App().Configure().optImperial.Value, !wasImperial);
-      QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : defaults,
-                      Qt::Key_Escape);
+      QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : defaults, Qt::Key_Escape);
     });
     Child<QPushButton>(setup, "cmdConfigure")->click();
     Settle();
@@ -244,10 +204,7 @@ class KeyboardTest : public QObject {
   }
 
   void theColumnScreenReadsTopToBottomAndActsOnAReadersTick() {
-    QWidget* setup = ReadySetup();
-    Child<QPushButton>(setup, "cmdNextTrans")->click();
-    Settle();
-    QWidget* columns = Window(QStringLiteral("frmColumns"));
+    QWidget* columns = Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns");
     QVERIFY(columns != nullptr);
     QCOMPARE(TabChain(columns),
              (QStringList{"lblInputFile", "optCharacterDelimited", "optFixedWidth", "chkTab", "chkComma",
@@ -258,10 +215,11 @@ class KeyboardTest : public QObject {
     QCOMPARE(Child<QWidget>(columns, "cmbTextQualifiers")->accessibleName(), QStringLiteral("Text Qualifier"));
     // The preview tells its lines and its column lines as text.
     const QString preview = Child<QWidget>(columns, "lblFileView")->accessibleDescription();
-    QCOMPARE(preview.section(QLatin1Char('\n'), 0, 0),
-             QStringLiteral("1: PLT_CN          SUBP TREE STATUSCD SPCD  DIA HT ACTUALHT CCLCD TPA_UNADJ "));
+    QCOMPARE(preview.section(QLatin1Char('\n'), 0, 0), QStringLiteral("1: PLT_CN          SUBP TREE STATUSCD SPCD  DIA "
+                                                                      "HT ACTUALHT CCLCD TPA_UNADJ "));
     QCOMPARE(preview.count(QLatin1Char('\n')), 10);
-    QVERIFY2(preview.endsWith(QStringLiteral("Column lines after characters 16, 21, 26, 35, 41, 45, 48, 57, 63.")),
+    QVERIFY2(preview.endsWith(QStringLiteral("Column lines after characters 16, 21, "
+                                             "26, 35, 41, 45, 48, 57, 63.")),
              qPrintable(preview.section(QLatin1Char('\n'), -1)));
     // A tick of "Fixed Width" through a screen reader turns the screen to
     // fixed width, as a click does; so does a tick of "Tab".
@@ -275,17 +233,12 @@ class KeyboardTest : public QObject {
   }
 
   void theGridReadsFromTheTableToItsButtonsAndItsMenusOpenByKey() {
-    QWidget* setup = ReadySetup();
-    Child<QPushButton>(setup, "cmdNextTrans")->click();
-    Settle();
-    Child<QPushButton>(Window(QStringLiteral("frmColumns")), "cmdNext")->click();
-    Settle();
-    QWidget* grid = Window(QStringLiteral("frmHeaders"));
+    QWidget* grid = Press(Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
     QVERIFY(grid != nullptr);
     QCOMPARE(TabChain(grid),
-             (QStringList{"TDBGrid1", "chkShowExcludedRows", "chkShowAllColumns", "chkAutoValidate",
-                          "cmdSaveTemplate", "cmdEditTemplateCommands", "cmbVariant", "optMetric", "optImperial",
-                          "cmdValidate", "cmdFinish", "cmdHelp", "cmdQuit", "cmdBack", "cmdNext"}));
+             (QStringList{"TDBGrid1", "chkShowExcludedRows", "chkShowAllColumns", "chkAutoValidate", "cmdSaveTemplate",
+                          "cmdEditTemplateCommands", "cmbVariant", "optMetric", "optImperial", "cmdValidate",
+                          "cmdFinish", "cmdHelp", "cmdQuit", "cmdBack", "cmdNext"}));
     ExpectAccessKeysWithoutClashes(grid);
     ExpectNamedControls(grid);
     ToggleThroughReader(Child<QCheckBox>(grid, "chkAutoValidate"));
@@ -307,12 +260,7 @@ class KeyboardTest : public QObject {
   }
 
   void aPickListOpensWithF4OrAltDownClosesWithEscapeAndIsAsTallAsItsEntries() {
-    QWidget* setup = ReadySetup();
-    Child<QPushButton>(setup, "cmdNextTrans")->click();
-    Settle();
-    Child<QPushButton>(Window(QStringLiteral("frmColumns")), "cmdNext")->click();
-    Settle();
-    QWidget* grid = Window(QStringLiteral("frmHeaders"));
+    QWidget* grid = Press(Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
     auto* table = Child<QTableView>(grid, "TDBGrid1");
     auto* history = Child<QListWidget>(grid, "lstTreeHistory");
     // Line 3 of the survey, its tree history "1".

@@ -24,13 +24,6 @@ using namespace corvalin::desktoptest;
 
 namespace {
 
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  T* child = window->findChild<T*>(QString::fromLatin1(name));
-  if (child == nullptr) qFatal("no control %s", name);
-  return child;
-}
-
 QRect Area() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 
 // Whether the whole of the window, frame and all, lies on the screen.
@@ -39,73 +32,30 @@ bool WhollyOnScreen(QWidget* window) { return Area().contains(window->frameGeome
 // Whether a control of a window shows whole on the screen.
 bool ShowsWhole(QWidget* control) {
   const QRect onScreen(control->mapToGlobal(QPoint(0, 0)), control->size());
-  return control->isVisible() && Area().contains(onScreen) &&
-         control->window()->geometry().contains(onScreen);
+  return control->isVisible() && Area().contains(onScreen) && control->window()->geometry().contains(onScreen);
 }
 
 const QString kSurvey = QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree.csv");
 
 }  // namespace
 
-class WindowPlacementTest : public QObject {
+class WindowPlacementTest : public QObject, public WizardWindows {
   Q_OBJECT
 
- private:
-  QtToolkit toolkit_;
-
-  // The first screen over the survey with the lolo template chosen.
-  QWidget* ReadySetup() {
-    const QString home = FreshConfiguredHome();
-    MainForm().Form_Load();
-    Settle();
-    QWidget* setup = Window(QStringLiteral("frmTemplate"));
-    if (setup == nullptr) qFatal("the first screen is not up");
-    auto* templates = Child<QComboBox>(setup, "cmbTemplate");
-    const int lolo = templates->findText(QStringLiteral("lolo"));
-    templates->setCurrentIndex(lolo);
-    emit templates->activated(lolo);
-    std::deque<std::string> files{kSurvey.toStdString(), (home + QStringLiteral("/lolo.tre")).toStdString()};
-    toolkit_.AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
-      std::string file = files.front();
-      files.pop_front();
-      return file;
-    };
-    Child<QPushButton>(setup, "cmdChangeInput")->click();
-    Child<QPushButton>(setup, "cmdChangeOutput")->click();
-    toolkit_.AnswerFileDialog = nullptr;
-    Settle();
-    return setup;
-  }
-
-  // Presses a button of a window and gives the window named that comes up.
-  static QWidget* Press(QWidget* window, const char* button, const char* next) {
-    Child<QPushButton>(window, button)->click();
-    Settle();
-    QWidget* shown = Window(QString::fromLatin1(next));
-    if (shown == nullptr) qFatal("no window %s after %s", next, button);
-    return shown;
-  }
-
  private slots:
-  void initTestCase() { SetToolkit(&toolkit_); }
-  void cleanupTestCase() {
-    ResetProcessState();
-    SetToolkit(nullptr);
-  }
-  void cleanup() {
-    ResetProcessState();
-    Settle();
-  }
+  void initTestCase() { UseToolkit(); }
+  void cleanupTestCase() { LeaveToolkit(); }
+  void cleanup() { FreshProcessAfterTest(); }
 
   void theFirstScreenOpensCentredAndWhole() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     QVERIFY(WhollyOnScreen(setup));
     const QPoint offCentre = setup->frameGeometry().center() - Area().center();
     QVERIFY2(qAbs(offCentre.x()) <= 1 && qAbs(offCentre.y()) <= 1, qPrintable(QString::number(offCentre.x())));
   }
 
   void theGridOpensWholeWithEveryButtonOnTheScreen() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     setup->move(Area().right() - setup->frameGeometry().width() + 1, Area().top());
     Settle();
     QWidget* grid = Press(Press(setup, "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
@@ -114,8 +64,8 @@ class WindowPlacementTest : public QObject {
                                                   .arg(grid->frameGeometry().y())
                                                   .arg(grid->frameGeometry().width())
                                                   .arg(grid->frameGeometry().height())));
-    for (const char* name : {"cmdValidate", "cmdFinish", "cmdBack", "cmdNext", "cmdHelp", "cmdQuit",
-                             "cmdSaveTemplate", "cmdEditTemplateCommands", "cmbVariant", "optMetric", "optImperial"})
+    for (const char* name : {"cmdValidate", "cmdFinish", "cmdBack", "cmdNext", "cmdHelp", "cmdQuit", "cmdSaveTemplate",
+                             "cmdEditTemplateCommands", "cmbVariant", "optMetric", "optImperial"})
       QVERIFY2(ShowsWhole(Child<QWidget>(grid, name)), name);
     // The table takes what is left: ten rows at least.
     auto* table = Child<QWidget>(grid, "TDBGrid1");
@@ -123,7 +73,7 @@ class WindowPlacementTest : public QObject {
   }
 
   void tenScreensInTurnOpenWhereTheOneBeforeStood() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     // A place where every screen of the wizard fits whole.
     const QPoint place(Area().left() + 37, Area().top() + 2);
     setup->move(place);
@@ -131,7 +81,7 @@ class WindowPlacementTest : public QObject {
     QCOMPARE(setup->frameGeometry().topLeft(), place);
     QWidget* window = setup;
     const std::vector<std::pair<const char*, const char*>> steps{
-        {"cmdNextTrans", "frmColumns"}, {"cmdNext", "frmHeaders"}, {"cmdBack", "frmColumns"},
+        {"cmdNextTrans", "frmColumns"}, {"cmdNext", "frmHeaders"},      {"cmdBack", "frmColumns"},
         {"cmdBack", "frmTemplate"},     {"cmdNextTrans", "frmColumns"}, {"cmdNext", "frmHeaders"},
         {"cmdBack", "frmColumns"},      {"cmdBack", "frmTemplate"},     {"cmdNextTrans", "frmColumns"},
         {"cmdBack", "frmTemplate"}};
@@ -149,7 +99,7 @@ class WindowPlacementTest : public QObject {
   }
 
   void aScreenMovedPastTheEdgeOpensTheNextWhole() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     setup->move(Area().right() - 100, Area().bottom() - 50);
     Settle();
     QWidget* columns = Press(setup, "cmdNextTrans", "frmColumns");
@@ -158,7 +108,7 @@ class WindowPlacementTest : public QObject {
   }
 
   void aMessageBoxOpensCentredOverTheWindowInFront() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     setup->move(Area().left() + 40, Area().top() + 30);
     setup->activateWindow();
     Settle();
@@ -175,7 +125,7 @@ class WindowPlacementTest : public QObject {
   }
 
   void theBusyWindowAndTheAppendQuestionOpenWhole() {
-    QWidget* setup = ReadySetup();
+    QWidget* setup = LoloFirstScreen();
     QWidget* columns = Press(setup, "cmdNextTrans", "frmColumns");
     QFile old(QDir::homePath() + QStringLiteral("/lolo.tre"));
     QVERIFY(old.open(QIODevice::WriteOnly));

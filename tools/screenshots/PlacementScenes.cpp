@@ -21,13 +21,6 @@
 namespace corvalin::tour {
 namespace {
 
-QtToolkit& Kit() { return dynamic_cast<QtToolkit&>(UI().Kit()); }
-
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  return window->findChild<T*>(QString::fromLatin1(name));
-}
-
 void SaveScreen(Tour& tour, const QString& name) {
   Tour::Settle(400);
   QScreen* screen = QGuiApplication::primaryScreen();
@@ -51,14 +44,8 @@ const Registration placement{"40-wizard-placement", [](Tour& tour) {
   const int lolo = templates->findText(QStringLiteral("lolo"));
   templates->setCurrentIndex(lolo);
   emit templates->activated(lolo);
-  std::deque<QString> files{QDir::cleanPath(Tour::SharedData() + QStringLiteral("/lolo-2022/tree.csv")),
-                            home + QStringLiteral("/Documents/Orvanta/lolo.tre")};
-  Kit().AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
-    if (files.empty()) return std::nullopt;
-    const QString file = files.front();
-    files.pop_front();
-    return file.toStdString();
-  };
+  AnswerFiles({QDir::cleanPath(Tour::SharedData() + QStringLiteral("/lolo-2022/tree.csv")),
+               home + QStringLiteral("/Documents/Orvanta/lolo.tre")});
   Child<QPushButton>(setup, "cmdChangeInput")->click();
   Child<QPushButton>(setup, "cmdChangeOutput")->click();
   Kit().AnswerFileDialog = nullptr;

@@ -28,23 +28,6 @@
 namespace corvalin::tour {
 namespace {
 
-QtToolkit& Kit() { return dynamic_cast<QtToolkit&>(UI().Kit()); }
-
-template <class T>
-T* Child(QWidget* window, const char* name) {
-  return window->findChild<T*>(QString::fromLatin1(name));
-}
-
-// The file dialogs answer with these paths, in turn.
-void AnswerFiles(std::deque<QString> files) {
-  Kit().AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
-    if (files.empty()) return std::nullopt;
-    const QString file = files.front();
-    files.pop_front();
-    return file.toStdString();
-  };
-}
-
 QString Survey() { return QDir::cleanPath(Tour::SharedData() + QStringLiteral("/lolo-2022/tree.csv")); }
 
 void ChooseTemplate(QWidget* setup, const QString& name) {

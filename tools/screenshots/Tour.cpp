@@ -9,11 +9,13 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
+#include <optional>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
 
 #include "ConfiguredHome.h"
+#include "desktop/QtToolkit.h"
 #include "desktop/ViewFactory.h"
 #include "screens/Application.h"
 #include "screens/ProcessState.h"
@@ -21,6 +23,7 @@
 #include "shell/EventScope.h"
 #include "shell/RunState.h"
 #include "shell/Settings.h"
+#include "shell/Toolkit.h"
 
 namespace corvalin::tour {
 
@@ -84,6 +87,17 @@ void Tour::WhenModal(std::function<void(QWidget*)> act) {
     act(modal);
   });
   timer->start();
+}
+
+QtToolkit& Kit() { return dynamic_cast<QtToolkit&>(UI().Kit()); }
+
+void AnswerFiles(std::deque<QString> files) {
+  Kit().AnswerFileDialog = [files](const FileDialogRequest&) mutable -> std::optional<std::string> {
+    if (files.empty()) return std::nullopt;
+    const QString file = files.front();
+    files.pop_front();
+    return file.toStdString();
+  };
 }
 
 QString Tour::SharedData() { return QStringLiteral(CORVALIN_SOURCE_DIR "/../shared/data"); }

@@ -7,8 +7,13 @@
 
 #include <QString>
 #include <QWidget>
+#include <deque>
 #include <functional>
 #include <string>
+
+namespace corvalin {
+class QtToolkit;
+}
 
 namespace corvalin::tour {
 
@@ -43,6 +48,16 @@ class Tour {
 QString PrepareConfiguredHome();
 // A fresh HOME with nothing in it: the first start.
 QString PrepareEmptyHome();
+
+// The desktop's Toolkit the tour runs with.
+QtToolkit& Kit();
+// A control of a window by its object name, or null.
+template <class T>
+T* Child(QWidget* window, const char* name) {
+  return window->findChild<T*>(QString::fromLatin1(name));
+}
+// The file dialogs answer with these paths, in turn; Cancel once they run out.
+void AnswerFiles(std::deque<QString> files);
 
 struct Scene {
   const char* name;
