@@ -259,6 +259,27 @@ class KeyboardTest : public QObject, public WizardWindows {
                                    "Add Column"}));
   }
 
+  void theSaveDialogReadsInOrderAndEnterSavesUnderTheNameTyped() {
+    QWidget* grid = Press(Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
+    bool checked = false;
+    WhenActiveModal([&checked](QWidget* dialog) {
+      checked = true;
+      QCOMPARE(TabChain(dialog), (QStringList{"cmbTemplateName", "cmdOk", "cmdCancel", "cmdHelp"}));
+      ExpectAccessKeysWithoutClashes(dialog);
+      ExpectNamedControls(dialog);
+      QWidget* field = QApplication::focusWidget();
+      QVERIFY(field != nullptr && field->window() == dialog);
+      // The name of the template in use stands there: typed over.
+      QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClicks(field, QStringLiteral("bykeys"));
+      QTest::keyClick(field, Qt::Key_Return);
+    });
+    Child<QPushButton>(grid, "cmdSaveTemplate")->click();
+    Settle();
+    QVERIFY(checked);
+    QVERIFY(QFile::exists(WorkOf(QDir::homePath()) + QStringLiteral("bykeys.cnv")));
+  }
+
   void aPickListOpensWithF4OrAltDownClosesWithEscapeAndIsAsTallAsItsEntries() {
     QWidget* grid = Press(Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
     auto* table = Child<QTableView>(grid, "TDBGrid1");
