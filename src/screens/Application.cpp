@@ -5,9 +5,14 @@
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
 #include "screens/frmDamageSeverity.h"
+#include "screens/frmEditTemplateCommands.h"
+#include "screens/frmExcludeContaining.h"
+#include "screens/frmExcludeRange.h"
+#include "screens/frmExcludeStartingWith.h"
 #include "screens/frmHeaders.h"
 #include "screens/frmLocation.h"
 #include "screens/frmLocationRecord.h"
+#include "screens/frmReplaceAll.h"
 #include "screens/frmSlf.h"
 #include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
@@ -116,6 +121,12 @@ frmConfigure& Application::Configure() {
   return Load<frmConfigure>();
 }
 
+frmExcludeContaining& Application::ExcludeContaining() { return Load<frmExcludeContaining>(); }
+frmExcludeStartingWith& Application::ExcludeStartingWith() { return Load<frmExcludeStartingWith>(); }
+frmExcludeRange& Application::ExcludeRange() { return Load<frmExcludeRange>(); }
+frmReplaceAll& Application::ReplaceAll() { return Load<frmReplaceAll>(); }
+frmEditTemplateCommands& Application::EditTemplateCommands() { return Load<frmEditTemplateCommands>(); }
+
 bool Application::TemplateLoaded() const { return Loaded<frmTemplate>(); }
 bool Application::ColumnsLoaded() const { return Loaded<frmColumns>(); }
 bool Application::HeadersLoaded() const { return Loaded<frmHeaders>(); }
@@ -127,6 +138,12 @@ bool Application::LocationLoaded() const { return Loaded<frmLocation>(); }
 bool Application::LocationRecordLoaded() const { return Loaded<frmLocationRecord>(); }
 bool Application::ConfigureLoaded() const { return Loaded<frmConfigure>(); }
 
+bool Application::ExcludeContainingLoaded() const { return Loaded<frmExcludeContaining>(); }
+bool Application::ExcludeStartingWithLoaded() const { return Loaded<frmExcludeStartingWith>(); }
+bool Application::ExcludeRangeLoaded() const { return Loaded<frmExcludeRange>(); }
+bool Application::ReplaceAllLoaded() const { return Loaded<frmReplaceAll>(); }
+bool Application::EditTemplateCommandsLoaded() const { return Loaded<frmEditTemplateCommands>(); }
+
 void Application::UnloadTemplate() { Unload<frmTemplate>(); }
 void Application::UnloadColumns() { Unload<frmColumns>(); }
 void Application::UnloadHeaders() { Unload<frmHeaders>(); }
@@ -137,6 +154,12 @@ void Application::UnloadSlfRecord() { Unload<frmSlfRecord>(); }
 void Application::UnloadLocation() { Unload<frmLocation>(); }
 void Application::UnloadLocationRecord() { Unload<frmLocationRecord>(); }
 void Application::UnloadConfigure() { Unload<frmConfigure>(); }
+
+void Application::UnloadExcludeContaining() { Unload<frmExcludeContaining>(); }
+void Application::UnloadExcludeStartingWith() { Unload<frmExcludeStartingWith>(); }
+void Application::UnloadExcludeRange() { Unload<frmExcludeRange>(); }
+void Application::UnloadReplaceAll() { Unload<frmReplaceAll>(); }
+void Application::UnloadEditTemplateCommands() { Unload<frmEditTemplateCommands>(); }
 
 void Application::ShowModal(Screen& dialog) {
   // The dialog's session is one event with whatever opened it: a dialog that

@@ -26,6 +26,11 @@ class frmSlfRecord;
 class frmLocation;
 class frmLocationRecord;
 class frmConfigure;
+class frmExcludeContaining;
+class frmExcludeStartingWith;
+class frmExcludeRange;
+class frmReplaceAll;
+class frmEditTemplateCommands;
 
 class Application {
  public:
@@ -45,6 +50,11 @@ class Application {
   frmLocation& Location();
   frmLocationRecord& LocationRecord();
   frmConfigure& Configure();
+  frmExcludeContaining& ExcludeContaining();
+  frmExcludeStartingWith& ExcludeStartingWith();
+  frmExcludeRange& ExcludeRange();
+  frmReplaceAll& ReplaceAll();
+  frmEditTemplateCommands& EditTemplateCommands();
 
   bool TemplateLoaded() const;
   bool ColumnsLoaded() const;
@@ -56,6 +66,11 @@ class Application {
   bool LocationLoaded() const;
   bool LocationRecordLoaded() const;
   bool ConfigureLoaded() const;
+  bool ExcludeContainingLoaded() const;
+  bool ExcludeStartingWithLoaded() const;
+  bool ExcludeRangeLoaded() const;
+  bool ReplaceAllLoaded() const;
+  bool EditTemplateCommandsLoaded() const;
 
   void UnloadTemplate();
   void UnloadColumns();
@@ -67,6 +82,11 @@ class Application {
   void UnloadLocation();
   void UnloadLocationRecord();
   void UnloadConfigure();
+  void UnloadExcludeContaining();
+  void UnloadExcludeStartingWith();
+  void UnloadExcludeRange();
+  void UnloadReplaceAll();
+  void UnloadEditTemplateCommands();
   // Unloads every screen and destroys them at once (a fresh start, for
   // tests, outside any event).
   void UnloadAll();

@@ -137,6 +137,7 @@ void frmHeaders::Form_Load() {
     if (!setup.lblInputFile.Caption.empty()) lblInputFile.SetCaption(setup.lblInputFile.Caption);
     ApplyColumnVisibility();
     SetSpeciesList();
+    Run().EditingCommand = false;
     cmdNext.Caption = setup.chkEditStandListFile.Checked() ? NextCaptionToStandList : NextCaptionDone;
   });
 }
@@ -144,13 +145,18 @@ void frmHeaders::Form_Load() {
 void frmHeaders::Form_Activate() {
   RunEvent([&] {
     Run().TranslationDone = false;
-    if (!Run().ResumeGridAfterDialog) {
+    // Back from Find/Replace the grid keeps the rows it shows, its selection
+    // and its place: the row found stays in view.
+    const bool resume = Run().ResumeGridAfterDialog;
+    if (!resume) {
       OpenDatabase();
       BindRecords(TftRecords());
       ApplyFetchStyle();
       LoadOptions();
+      RebindGrid();
+    } else {
+      ApplyFetchStyle();
     }
-    RebindGrid();
     LoadColumnHeadings();
     for (int i = 1; i <= kHeadingColumns; ++i) {
       // The colour callback goes on whatever the boxes say.

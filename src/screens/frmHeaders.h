@@ -216,6 +216,9 @@ class frmHeaders : public Screen {
   void mnuReplaceAll_Click();
   void mnuExcludeContaining_Click();
   void mnuExcludeStartingWith_Click();
+  // Shows a command dialog over the grid, modally; the grid comes to the
+  // front again afterwards.
+  void ShowCommandDialog(Screen& dialog);
 
   // --- events ---
   void cmdEditTemplateCommands_Click();

@@ -6,7 +6,11 @@
 
 #include "columns/Vocabulary.h"
 #include "screens/Application.h"
+#include "screens/frmEditTemplateCommands.h"
+#include "screens/frmExcludeContaining.h"
+#include "screens/frmExcludeStartingWith.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmReplaceAll.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/Help.h"
@@ -373,24 +377,24 @@ void frmHeaders::mnuAddColumn_Click() {
   });
 }
 
-namespace {
-// The command dialogs behind these entries are not in this version: the
-// person is told so rather than shown nothing.
-void CommandDialogMissing(const std::string& entry) {
-  ShowMessage("\"" + entry + "\" is not available in this version.");
+void frmHeaders::ShowCommandDialog(Screen& dialog) {
+  App().ShowModal(dialog);
+  // The grid is in front again: its activation binds the table as the
+  // command left it, so that rows now excluded go when they are hidden.
+  // After Find/Replace it keeps its rows and its place.
+  Form_Activate();
 }
-}  // namespace
 
 void frmHeaders::mnuReplaceAll_Click() {
-  RunEvent([&] { CommandDialogMissing(mnuReplaceAll.Caption); });
+  RunEvent([&] { ShowCommandDialog(App().ReplaceAll()); });
 }
 
 void frmHeaders::mnuExcludeContaining_Click() {
-  RunEvent([&] { CommandDialogMissing(mnuExcludeContaining.Caption); });
+  RunEvent([&] { ShowCommandDialog(App().ExcludeContaining()); });
 }
 
 void frmHeaders::mnuExcludeStartingWith_Click() {
-  RunEvent([&] { CommandDialogMissing(mnuExcludeStartingWith.Caption); });
+  RunEvent([&] { ShowCommandDialog(App().ExcludeStartingWith()); });
 }
 
 // ---------------------------------------------------------------- buttons
@@ -400,9 +404,8 @@ void frmHeaders::cmdEditTemplateCommands_Click() {
     const Answer answer =
         UI().Message({"Would you like to save the current view?", Buttons::YesNo, Icon::None, "", 1});
     if (answer == Answer::Yes) SaveTemplate();
-    // The editor would now work on the template just saved; without it the
-    // run keeps reading its settings as before.
-    CommandDialogMissing("Edit Template Commands");
+    Run().UseTemplate = true;
+    ShowCommandDialog(App().EditTemplateCommands());
   });
 }
 

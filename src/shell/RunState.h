@@ -71,6 +71,9 @@ struct RunState {
   bool StandListFileValid = false;
   bool LocationFileValid = false;
   bool ResumeGridAfterDialog = false;
+  // An exclusion dialog opened from the command editor changes the chosen
+  // command there instead of adding one.
+  bool EditingCommand = false;
   std::string OrvanVariant;
 
   // Translation setup, filled by ValidateTable: the column of each type

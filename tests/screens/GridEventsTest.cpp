@@ -2,6 +2,7 @@
 // current cell, scrolling, editing, new rows, the cell buttons with their
 // pick lists and where they open, row selection by mouse in the strip of row
 // selectors, and the context menus with their enabled entries.
+#include "FakeGrid.h"
 #include "GridFixture.h"
 #include "columns/Vocabulary.h"
 #include "screens/frmDamageSeverity.h"
@@ -12,42 +13,9 @@
 namespace corvalin {
 namespace {
 
-// A grid on screen: rows 20 pixels high from the top of the grid, every row
-// of the set on view from the first; a strip of row selectors 30 pixels
-// wide; columns 60 wide after the strip.
-class FakeGrid : public GridGeometry {
- public:
-  long rowCount = 0;
-  long firstOnView = 0;
-  int rowsOnView = 10;
-  int formWidth = 800;
-  int formHeight = 600;
-  int RowContaining(int y) const override {
-    const int row = y / 20;
-    return y >= 0 && row < rowsOnView && firstOnView + row < rowCount ? row : -1;
-  }
-  Recordset::Bookmark RowBookmark(int row) const override {
-    return row >= 0 && firstOnView + row < rowCount ? firstOnView + row : -1;
-  }
-  int VisibleRows() const override { return static_cast<int>(std::min<long>(rowsOnView, rowCount - firstOnView)); }
-  int RowTop(int row) const override { return row * 20; }
-  int RowHeight() const override { return 20; }
-  int ColumnLeft(int column) const override { return 30 + 60 * column; }
-  int ColumnWidth(int) const override { return 60; }
-  int GridLeft() const override { return 10; }
-  int GridTop() const override { return 100; }
-  int FormWidth() const override { return formWidth; }
-  int FormHeight() const override { return formHeight; }
-  int ListWidth() const override { return 150; }
-  int ListHeight(int) const override { return 120; }
-  int RowSelectorWidth() const override { return 30; }
-  int LeftColumn() const override { return 0; }
-  int VisibleColumns() const override { return 8; }
-};
-
 class GridEventsTest : public testing::GridFixture {
  protected:
-  FakeGrid grid;
+  testing::FakeGrid grid;
   void UseHeadings(const std::string& keys) {
     App().Template();
     testing::WriteFile(TemplatePathOf("grid"), "[FORMAT_INFO]\r\nOrvanVariant=BC\r\n" + keys);
@@ -584,38 +552,42 @@ TEST_F(GridEventsTest, AddColumnShowsTheNextColumnAndSelectsIt) {
   EXPECT_EQ(headers.ColumnCaption[3], "Species\r\n");
 }
 
-TEST_F(GridEventsTest, TheCommandDialogEntriesSayTheyAreNotThereYet) {
+TEST_F(GridEventsTest, TheCommandEntriesOpenTheirDialogsModallyOverTheGrid) {
   Lines(1);
   frmHeaders& headers = Activate();
+  headers.TDBGrid1_HeadClick(1);
   headers.mnuReplaceAll_Click();
   headers.mnuExcludeContaining_Click();
   headers.mnuExcludeStartingWith_Click();
-  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"\"Find/Replace\" is not available in this version.",
-                                                  "\"Exclude Rows Containing...\" is not available in this version.",
-                                                  "\"Exclude Rows Starting With...\" is not available in this version."}));
+  EXPECT_EQ(ui.modalDialogs,
+            (std::vector<std::string>{"frmReplaceAll", "frmExcludeContaining", "frmExcludeStartingWith"}));
+  EXPECT_TRUE(ui.Texts().empty());
+  // Each ended as cancelled and the grid came back to the front.
+  EXPECT_FALSE(Run().ResumeGridAfterDialog);
+  EXPECT_EQ(Commands().CommandCount, 0);
 }
 
 // ---------------------------------------------------------------- buttons
 
-TEST_F(GridEventsTest, EditAsksToSaveTheViewThenSaysTheEditorIsNotThereYet) {
+TEST_F(GridEventsTest, EditAsksToSaveTheViewThenOpensTheEditor) {
   Lines(1);
   frmHeaders& headers = Activate();
   ui.answers.push_back(Answer::No);
   headers.cmdEditTemplateCommands_Click();
-  ASSERT_EQ(ui.boxes.size(), 2u);
+  ASSERT_EQ(ui.boxes.size(), 1u);
   EXPECT_EQ(ui.boxes[0].text, "Would you like to save the current view?");
   EXPECT_EQ(ui.boxes[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(ui.boxes[1].text, "\"Edit Template Commands\" is not available in this version.");
-  EXPECT_TRUE(ui.modalDialogs.empty());
+  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmEditTemplateCommands"});
+  EXPECT_TRUE(Run().UseTemplate);
 }
 
-TEST_F(GridEventsTest, EditWithYesOpensTheSaveDialog) {
+TEST_F(GridEventsTest, EditWithYesOpensTheSaveDialogThenTheEditor) {
   Lines(1);
   frmHeaders& headers = Activate();
   ui.answers.push_back(Answer::Yes);
   ui.AnswerDialog<frmTemplateName>([](frmTemplateName& dialog) { dialog.cmdCancel_Click(); });
   headers.cmdEditTemplateCommands_Click();
-  EXPECT_EQ(ui.modalDialogs, std::vector<std::string>{"frmTemplateName"});
+  EXPECT_EQ(ui.modalDialogs, (std::vector<std::string>{"frmTemplateName", "frmEditTemplateCommands"}));
 }
 
 TEST_F(GridEventsTest, HelpOpensTheTopicOfTheGridScreen) {
