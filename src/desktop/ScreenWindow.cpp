@@ -7,13 +7,17 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMoveEvent>
 #include <QPushButton>
-#include <memory>
 #include <QScreen>
+#include <memory>
 
 #include "desktop/Accessibility.h"
 #include "desktop/Keyboard.h"
+#include "desktop/Latin1Text.h"
+#include "desktop/QtToolkit.h"
+#include "screens/Controls.h"
 #include "screens/Screen.h"
 #include "screens/WindowPlace.h"
 #include "shell/EventScope.h"
@@ -77,6 +81,25 @@ QPushButton* ScreenWindow::NewButton(const char* name, std::function<void()> eve
   return button;
 }
 
+QLineEdit* ScreenWindow::NewTextField(const char* name, std::function<TextBox&()> box) {
+  auto* field = new QLineEdit(this);
+  field->setObjectName(QString::fromLatin1(name));
+  connect(field, &QLineEdit::textEdited, this, [this, field, box = std::move(box)](const QString& text) {
+    if (DrawnScreen() == nullptr) return;
+    TextBox& target = box();
+    const auto bytes = Latin1FromQt(text);
+    if (!bytes) {
+      const QSignalBlocker block(field);
+      const int at = field->cursorPosition();
+      field->setText(ToQt(target.Text));
+      field->setCursorPosition(std::max(0, at - 1));
+      return;
+    }
+    Fire([&] { target.Text = *bytes; });
+  });
+  return field;
+}
+
 namespace {
 
 // The frame the window manager draws around a window: the same for every
@@ -88,6 +111,25 @@ QMargins& KnownFrame() {
 }
 
 WindowRect RectOf(const QRect& r) { return {r.x(), r.y(), r.width(), r.height()}; }
+
+}  // namespace
+
+namespace {
+
+// The window of the program last in front: a box that has just gone may
+// leave no window active for a moment.
+QPointer<QWidget>& LastInFront() {
+  static QPointer<QWidget> window;
+  return window;
+}
+
+// The window a new one opens over: its parent, else the window in front
+// (the one whose button or menu opened it); none when none is shown.
+QWidget* OwnerOf(QWidget* window) {
+  QWidget* owner = window->parentWidget() != nullptr ? window->parentWidget()->window() : QApplication::activeWindow();
+  if (owner == nullptr || owner == window || !owner->isVisible()) owner = LastInFront();
+  return owner != nullptr && owner != window && owner->isVisible() ? owner : nullptr;
+}
 
 }  // namespace
 
@@ -107,8 +149,8 @@ void PlaceOnScreen(QWidget* window, std::optional<QPoint> frameAt) {
   if (frameAt) {
     wanted.left = frameAt->x();
     wanted.top = frameAt->y();
-  } else if (QWidget* owner = window->parentWidget(); owner != nullptr && owner->isVisible()) {
-    wanted = CentredIn(outer.width(), outer.height(), RectOf(owner->window()->frameGeometry()));
+  } else if (QWidget* owner = OwnerOf(window); owner != nullptr) {
+    wanted = CentredIn(outer.width(), outer.height(), RectOf(owner->frameGeometry()));
   } else {
     wanted = CentredIn(outer.width(), outer.height(), area);
   }
@@ -186,6 +228,12 @@ void ScreenWindow::Shown() {
   RememberPlace();
   raise();
   activateWindow();
+  LastInFront() = this;
+}
+
+void ScreenWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) LastInFront() = this;
+  QWidget::changeEvent(event);
 }
 
 void ScreenWindow::Hidden() {

@@ -16,11 +16,13 @@
 
 class QAbstractButton;
 class QEventLoop;
+class QLineEdit;
 class QPushButton;
 
 namespace corvalin {
 
 class Screen;
+struct TextBox;
 
 class ScreenWindow : public QWidget, public ScreenView {
   Q_OBJECT
@@ -43,6 +45,10 @@ class ScreenWindow : public QWidget, public ScreenView {
   // A push button of the window, named as its control, whose click fires the
   // event.
   QPushButton* NewButton(const char* name, std::function<void()> event);
+  // A one-line text field, named as its control, whose typing goes into
+  // the text box that box() gives while the window draws a screen. A
+  // character that no cell can hold is refused as it is typed.
+  QLineEdit* NewTextField(const char* name, std::function<TextBox&()> box);
 
   // The screen drawn, or null once it is unloaded.
   Screen* DrawnScreen() const { return screen_; }
@@ -63,6 +69,8 @@ class ScreenWindow : public QWidget, public ScreenView {
   // The close box of a dialog is its Cancel; a wizard screen asks the quit
   // question instead (its window says so).
   void closeEvent(QCloseEvent* event) override;
+  // The window in front is the one the next dialog opens over.
+  void changeEvent(QEvent* event) override;
 
  private:
   void Place();

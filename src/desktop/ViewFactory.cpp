@@ -1,16 +1,22 @@
 #include "desktop/ViewFactory.h"
 
+#include "desktop/ExclusionDialogWindow.h"
 #include "desktop/frmColumnsWindow.h"
 #include "desktop/frmConfigureWindow.h"
 #include "desktop/frmDamageSeverityWindow.h"
+#include "desktop/frmEditTemplateCommandsWindow.h"
 #include "desktop/frmHeadersWindow.h"
+#include "desktop/frmReplaceAllWindow.h"
 #include "desktop/frmTemplateNameWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
+#include "screens/ExclusionDialog.h"
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
 #include "screens/frmDamageSeverity.h"
+#include "screens/frmEditTemplateCommands.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmReplaceAll.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
 
@@ -26,6 +32,9 @@ void AttachDesktopViews() {
     if (auto* grid = dynamic_cast<frmHeaders*>(&screen)) new frmHeadersWindow(*grid);
     if (auto* damage = dynamic_cast<frmDamageSeverity*>(&screen)) new frmDamageSeverityWindow(*damage);
     if (auto* name = dynamic_cast<frmTemplateName*>(&screen)) new frmTemplateNameWindow(*name);
+    if (auto* exclusion = dynamic_cast<ExclusionDialog*>(&screen)) new ExclusionDialogWindow(*exclusion);
+    if (auto* replace = dynamic_cast<frmReplaceAll*>(&screen)) new frmReplaceAllWindow(*replace);
+    if (auto* editor = dynamic_cast<frmEditTemplateCommands*>(&screen)) new frmEditTemplateCommandsWindow(*editor);
   };
 }
 

@@ -292,6 +292,11 @@ void frmHeadersWindow::Connect() {
   connect(back_, &QPushButton::clicked, this, fire(&frmHeaders::cmdBack_Click));
   connect(save_, &QPushButton::clicked, this, fire(&frmHeaders::cmdSaveTemplate_Click));
   connect(edit_, &QPushButton::clicked, this, fire(&frmHeaders::cmdEditTemplateCommands_Click));
+  // Back from the editor the person goes on in the grid.
+  connect(edit_, &QPushButton::clicked, table_, [this] {
+    activateWindow();
+    table_->setFocus();
+  });
   connect(help_, &QPushButton::clicked, this, fire(&frmHeaders::cmdHelp_Click));
   connect(quit_, &QPushButton::clicked, this, fire(&frmHeaders::cmdQuit_Click));
   OnPersonChange(metric_, this, [act = fire(&frmHeaders::optMetric_Click)](bool) { act(); });
@@ -551,6 +556,9 @@ void frmHeadersWindow::ShowPopupMenu(const QPoint& at) {
   openMenu_ = &menu;
   menu.exec(at);
   openMenu_ = nullptr;
+  // Back from an entry's dialog the person goes on in the grid.
+  activateWindow();
+  table_->setFocus();
   if (headers_ != nullptr) {
     frmHeaders& after = Headers();
     Fire([&] { after.PopupMenu_Closed(); });

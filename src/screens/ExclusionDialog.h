@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
@@ -30,6 +31,15 @@ class ExclusionDialog : public Screen {
   void cmdOk_Click();
   void cmdCancel_Click();
   void cmdHelp_Click();
+
+  // The dialog's text fields in the order they stand, each with its label
+  // and its name.
+  struct Field {
+    const char* name;
+    const Label* label;
+    TextBox* text;
+  };
+  virtual std::vector<Field> Fields() = 0;
 
  protected:
   // The load steps they share: the word of the screen for error texts, the

@@ -10,6 +10,7 @@ class frmExcludeContaining : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeContaining"; }
   void Form_Load() override;
+  std::vector<Field> Fields() override { return {{"txtExcludeText", &lblText, &txtExcludeText}}; }
 
   TextBox txtExcludeText;
 

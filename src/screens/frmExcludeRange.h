@@ -12,6 +12,9 @@ class frmExcludeRange : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeRange"; }
   void Form_Load() override;
+  std::vector<Field> Fields() override {
+    return {{"txtStartLine", &lblText, &txtStartLine}, {"txtEndLine", &lblEndLine, &txtEndLine}};
+  }
 
   Label lblEndLine;
   TextBox txtStartLine;

@@ -10,6 +10,7 @@ class frmExcludeStartingWith : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeStartingWith"; }
   void Form_Load() override;
+  std::vector<Field> Fields() override { return {{"txtStartText", &lblText, &txtStartText}}; }
 
   TextBox txtStartText;
 

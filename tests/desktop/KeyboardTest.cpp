@@ -24,6 +24,7 @@
 #include <optional>
 
 #include "DesktopHome.h"
+#include "KeyboardChecks.h"
 #include "desktop/Keyboard.h"
 #include "desktop/QtToolkit.h"
 #include "screens/Application.h"
@@ -39,80 +40,6 @@ using namespace corvalin::desktoptest;
 
 namespace {
 
-// The names of the controls Tab reaches from the first, in turn, as far as
-// it comes back to the first: visible and enabled ones only.
-QStringList TabChain(QWidget* window) {
-  QStringList names;
-  const QList<QWidget*> order = ReadingOrder(window);
-  QWidget* first = nullptr;
-  for (QWidget* control : order)
-    if (control->isVisible() && control->isEnabled()) {
-      first = control;
-      break;
-    }
-  if (first == nullptr) return names;
-  QWidget* at = first;
-  do {
-    if (at->window() == window && at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) &&
-        at->focusProxy() == nullptr)
-      names << at->objectName();
-    at = at->nextInFocusChain();
-  } while (at != first && names.size() < 200);
-  return names;
-}
-
-// The access keys of the window, by the control or label that carries each.
-QMap<QString, QChar> AccessKeys(QWidget* window) {
-  QMap<QString, QChar> keys;
-  auto keyOf = [](const QString& text) -> QChar {
-    for (int i = 0; i + 1 < text.size(); ++i) {
-      if (text[i] != QLatin1Char('&')) continue;
-      if (text[i + 1] == QLatin1Char('&')) {
-        ++i;
-        continue;
-      }
-      return text[i + 1].toLower();
-    }
-    return {};
-  };
-  for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
-    if (button->window() == window && (button->focusPolicy() & Qt::TabFocus))
-      keys.insert(button->objectName(), keyOf(button->text()));
-  for (QLabel* label : window->findChildren<QLabel*>())
-    if (label->window() == window && label->buddy() != nullptr)
-      keys.insert(QStringLiteral("label of ") + label->buddy()->objectName(), keyOf(label->text()));
-  return keys;
-}
-
-// Every caption of the window has a key, and no two share one.
-void ExpectAccessKeysWithoutClashes(QWidget* window) {
-  const QMap<QString, QChar> keys = AccessKeys(window);
-  QVERIFY(!keys.isEmpty());
-  QMap<QChar, QString> owners;
-  for (auto it = keys.begin(); it != keys.end(); ++it) {
-    // A control the person cannot use now (the other half of a screen,
-    // disabled) may go without; every other has its key.
-    QWidget* control = window->findChild<QWidget*>(QString(it.key()).remove(QStringLiteral("label of ")));
-    const bool usable = control != nullptr && control->isEnabled() && control->isVisible();
-    if (it.value().isNull() && !usable) continue;
-    QVERIFY2(!it.value().isNull(), qPrintable(window->objectName() + QStringLiteral(": no key for ") + it.key()));
-    QVERIFY2(!owners.contains(it.value()),
-             qPrintable(window->objectName() + QStringLiteral(": ") + it.key() + QStringLiteral(" and ") +
-                        owners.value(it.value()) + QStringLiteral(" share ") + it.value()));
-    owners.insert(it.value(), it.key());
-  }
-}
-
-// Every control Tab reaches has a name a screen reader can say.
-void ExpectNamedControls(QWidget* window) {
-  for (QWidget* control : ReadingOrder(window)) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
-    QVERIFY2(accessible != nullptr, qPrintable(control->objectName()));
-    QVERIFY2(!accessible->text(QAccessible::Name).trimmed().isEmpty(),
-             qPrintable(window->objectName() + QStringLiteral(": no name for ") + control->objectName()));
-  }
-}
-
 // Turns a check box or option as a screen reader does: through its action,
 // without a click.
 void ToggleThroughReader(QAbstractButton* button) {
@@ -124,34 +51,6 @@ void ToggleThroughReader(QAbstractButton* button) {
 }
 
 const QString kSurvey = QStringLiteral(CORVALIN_SHARED_DATA_DIR "/lolo-2022/tree.csv");
-
-// Runs act on the next modal window once it is up and has the keyboard.
-void WhenActiveModal(std::function<void(QWidget*)> act) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, act] {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || !modal->isVisible() || QApplication::activeWindow() != modal) return;
-    timer->stop();
-    timer->deleteLater();
-    act(modal);
-  });
-  timer->start();
-}
-
-// Runs act on the next popup menu once it is up.
-void WhenModalPopup(std::function<void(QMenu*)> act) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, act] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr || !menu->isVisible()) return;
-    timer->stop();
-    timer->deleteLater();
-    act(menu);
-  });
-  timer->start();
-}
 
 }  // namespace
 

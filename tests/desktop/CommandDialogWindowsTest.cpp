@@ -1,0 +1,341 @@
+// The grid's command dialogs as a person uses them: opened from the grid's
+// menu and its Edit button, typed into, their buttons pressed with the mouse
+// and with Enter and Escape, closed by the close box; each on the screen
+// over the grid, in reading order by Tab, with access keys and names; the
+// grid drawn again from the table after each command, and its model clean
+// under Qt's model tester.
+#include <QAbstractItemModelTester>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTableView>
+#include <QtTest/QtTest>
+#include <functional>
+
+#include "DesktopHome.h"
+#include "GridSession.h"
+#include "KeyboardChecks.h"
+#include "desktop/GridModel.h"
+#include "screens/frmEditTemplateCommands.h"
+#include "templates/TemplateCommands.h"
+
+using namespace corvalin;
+using corvalin::testing::GridSession;
+using namespace corvalin::desktoptest;
+
+namespace {
+
+// Forty trees: plot, tree, species FD, DBH 10 to 16, a damage pair, crown
+// ratio, count.
+QByteArray Trees() {
+  QByteArray text;
+  for (int i = 1; i <= 40; ++i)
+    text += QByteArray::number(i / 10 + 1) + "," + QByteArray::number(i) + ",FD," + QByteArray::number(10 + i % 7) +
+            ",12 3," + QByteArray::number(1 + i % 9) + ",1\r\n";
+  return text;
+}
+
+void AssignTrees() {
+  GridSession::Assign(1, "Plot ID", "");
+  GridSession::Assign(2, "Tree ID", "");
+  GridSession::Assign(3, "Species", "");
+  GridSession::Assign(4, "DBH", "cm");
+  GridSession::Assign(7, "Tree Count", "");
+}
+
+// Runs act on the window of this name once it is up, from inside its loop.
+void WhenWindowUp(const QString& name, std::function<void(QWidget*)> act) {
+  auto* timer = new QTimer;
+  timer->setInterval(0);
+  QObject::connect(timer, &QTimer::timeout, [timer, name, act] {
+    QWidget* window = Window(name);
+    if (window == nullptr || QApplication::activeModalWidget() != nullptr) {
+      if (window == nullptr || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr) return;
+    }
+    timer->stop();
+    timer->deleteLater();
+    act(window);
+  });
+  timer->start();
+}
+
+// Answers the next message box with a button, keeping its text.
+void WhenBox(QMessageBox::StandardButton button, QString* text) {
+  auto* timer = new QTimer;
+  timer->setInterval(0);
+  QObject::connect(timer, &QTimer::timeout, [timer, button, text] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    if (text != nullptr) *text = box->text();
+    box->button(button)->click();
+  });
+  timer->start();
+}
+
+QColor Background(QAbstractItemModel* model, int row, int column) {
+  return model->data(model->index(row, column), Qt::BackgroundRole).value<QColor>();
+}
+
+// A click on a column's heading chooses the column.
+void ChooseColumn(frmHeadersWindow* window, int column) {
+  QHeaderView* heading = window->Table()->horizontalHeader();
+  QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    QPoint(heading->sectionViewportPosition(column) + 10, heading->height() / 2));
+}
+
+// The grid's right-button menu over a cell, and its entry of this text.
+void ChooseFromMenu(frmHeadersWindow* window, const QString& entry) {
+  QTableView* table = window->Table();
+  auto* timer = new QTimer;
+  timer->setInterval(0);
+  QObject::connect(timer, &QTimer::timeout, [timer, entry] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr || !menu->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    for (QAction* action : menu->actions())
+      if (action->text() == entry) {
+        menu->close();
+        action->trigger();
+        return;
+      }
+    menu->close();
+  });
+  timer->start();
+  QTest::mouseClick(table->viewport(), Qt::RightButton, Qt::NoModifier,
+                    table->visualRect(table->model()->index(2, 2)).center());
+  Settle();
+}
+
+// A dialog lies wholly on the working area, centred over the grid.
+void ExpectCentredOver(QWidget* dialog, QWidget* grid) {
+  const QRect area = dialog->screen()->availableGeometry();
+  QVERIFY2(area.contains(dialog->frameGeometry()), qPrintable(dialog->objectName()));
+  const QPoint offset = dialog->frameGeometry().center() - grid->frameGeometry().center();
+  QVERIFY2(offset.manhattanLength() <= 4, qPrintable(dialog->objectName()));
+}
+
+// Every row whose Excluded is "Y" in the grid's rows, as their line numbers.
+QStringList ExcludedLines() {
+  auto rows = App().Headers().Adodc1.Recordset->Clone();
+  QStringList lines;
+  for (rows->MoveFirst(); !rows->IsEOF(); rows->MoveNext())
+    if (rows->TextOrEmpty("Excluded") == "Y") lines << QString::fromStdString(rows->Text("LineNum"));
+  return lines;
+}
+
+}  // namespace
+
+class CommandDialogWindowsTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() {
+    session_ = new GridSession;
+    AssignTrees();
+  }
+  void cleanup() {
+    delete session_;
+    session_ = nullptr;
+  }
+
+  void FindReplaceReplacesAllThroughItsWindowAndTheGridShowsIt() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QVERIFY(window != nullptr);
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    ChooseColumn(window, 3);
+    QString said;
+    bool seen = false;
+    WhenWindowUp(QStringLiteral("frmReplaceAll"), [&](QWidget* dialog) {
+      seen = true;
+      QCOMPARE(dialog->windowTitle(), QStringLiteral("Corvalin - Find/Replace"));
+      QCOMPARE(Child<QLabel>(dialog, "lblColumn")->text(), QStringLiteral("3  (Species)"));
+      ExpectCentredOver(dialog, window);
+      QCOMPARE(TabChain(dialog), (QStringList{"txtFind", "txtReplacement", "cmdFindNext", "cmdReplace", "cmdReplaceAll",
+                                              "cmdCancel", "cmdHelp"}));
+      ExpectAccessKeysWithoutClashes(dialog);
+      ExpectNamedControls(dialog);
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtFind"), QStringLiteral("FD"));
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtReplacement"), QStringLiteral("PL"));
+      WhenBox(QMessageBox::Ok, &said);
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdReplaceAll"), Qt::LeftButton);
+      Settle();
+      // The dialog stays for the next one; its close box ends it.
+      QVERIFY(dialog->isVisible());
+      dialog->close();
+    });
+    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    QVERIFY(seen);
+    QCOMPARE(said, QStringLiteral("40 occurrences found and replaced."));
+    QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("PL"));
+    QCOMPARE(window->Model()->data(window->Model()->index(39, 3)).toString(), QStringLiteral("PL"));
+    QCOMPARE(Commands().CommandCount, 1);
+    QVERIFY(Window(QStringLiteral("frmReplaceAll")) == nullptr);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(window->Table()));
+  }
+
+  void FindNextSelectsTheRowFoundAndBringsItIntoView() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    ChooseColumn(window, 2);
+    WhenWindowUp(QStringLiteral("frmReplaceAll"), [&](QWidget* dialog) {
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtFind"), QStringLiteral("38"));
+      // Enter presses Find Next, the default.
+      QTest::keyClick(Child<QLineEdit>(dialog, "txtFind"), Qt::Key_Return);
+      Settle();
+      QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    const QModelIndexList rows = window->Table()->selectionModel()->selectedRows();
+    QCOMPARE(rows.size(), 1);
+    QCOMPARE(rows.at(0).row(), 37);
+    QVERIFY(window->Table()->visualRect(window->Model()->index(37, 2)).isValid());
+    QVERIFY(Window(QStringLiteral("frmReplaceAll")) == nullptr);
+  }
+
+  void ExcludeRowsContainingByKeyboardExcludesAndPaintsThem() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    ChooseColumn(window, 4);
+    QString said;
+    WhenWindowUp(QStringLiteral("frmExcludeContaining"), [&](QWidget* dialog) {
+      QCOMPARE(dialog->windowTitle(), QStringLiteral("Corvalin - Exclude Rows Containing..."));
+      QCOMPARE(Child<QLabel>(dialog, "lblColumn")->text(), QStringLiteral("4  (DBH)"));
+      ExpectCentredOver(dialog, window);
+      QCOMPARE(TabChain(dialog), (QStringList{"txtExcludeText", "cmdOk", "cmdCancel", "cmdHelp"}));
+      ExpectAccessKeysWithoutClashes(dialog);
+      ExpectNamedControls(dialog);
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtExcludeText"), QStringLiteral("12"));
+      WhenBox(QMessageBox::Ok, &said);
+      QTest::keyClick(Child<QLineEdit>(dialog, "txtExcludeText"), Qt::Key_Return);
+    });
+    ChooseFromMenu(window, QStringLiteral("Exclude Rows Containing..."));
+    QCOMPARE(said, QStringLiteral("6 rows excluded."));
+    QCOMPARE(ExcludedLines(), (QStringList{"2", "9", "16", "23", "30", "37"}));
+    QCOMPARE(TemplateCommandAt(1).CommandType, std::string("EXCLUDE_CONTAINING"));
+    QCOMPARE(TemplateCommandAt(1).DeleteString, std::string("12"));
+    if (App().Headers().chkShowExcludedRows.Checked()) {
+      QCOMPARE(Background(window->Model(), 1, 1), QColor(255, 255, 0));
+      QCOMPARE(Background(window->Model(), 0, 1), QColor());
+    } else {
+      QCOMPARE(window->Model()->RecordRows(), 34);
+    }
+    QVERIFY(Window(QStringLiteral("frmExcludeContaining")) == nullptr);
+  }
+
+  void ExcludeRowsStartingWithEndsWithEscapeAndItsCloseBoxAddingNothing() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    ChooseColumn(window, 4);
+    WhenWindowUp(QStringLiteral("frmExcludeStartingWith"), [&](QWidget* dialog) {
+      QCOMPARE(dialog->windowTitle(), QStringLiteral("Corvalin - Exclude Rows Starting With..."));
+      ExpectCentredOver(dialog, window);
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtStartText"), QStringLiteral("1"));
+      QTest::keyClick(Child<QLineEdit>(dialog, "txtStartText"), Qt::Key_Escape);
+    });
+    ChooseFromMenu(window, QStringLiteral("Exclude Rows Starting With..."));
+    WhenWindowUp(QStringLiteral("frmExcludeStartingWith"), [&](QWidget* dialog) { dialog->close(); });
+    ChooseFromMenu(window, QStringLiteral("Exclude Rows Starting With..."));
+    QCOMPARE(Commands().CommandCount, 0);
+    QVERIFY(ExcludedLines().isEmpty());
+    QVERIFY(Window(QStringLiteral("frmExcludeStartingWith")) == nullptr);
+  }
+
+  void TheEditorMovesEditsAndRunsTheCommandsAgain() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    QAbstractItemModelTester tester(window->Model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    TemplateCommandState& state = Commands();
+    state.CommandCount = 3;
+    TemplateCommandAt(1) = {"EXCLUDE_CONTAINING", "", "", 4, 0, 0, "12"};
+    TemplateCommandAt(2) = {"REPLACE_ALL", "FD", "PL", 3, 0, 0, ""};
+    TemplateCommandAt(3) = {"EXCLUDE_RANGE", "", "", -1, 1, 3, ""};
+    QString question;
+    WhenBox(QMessageBox::No, &question);
+    bool seen = false;
+    WhenWindowUp(QStringLiteral("frmEditTemplateCommands"), [&](QWidget* dialog) {
+      seen = true;
+      QCOMPARE(dialog->windowTitle(), QStringLiteral("Corvalin - Edit Template Commands"));
+      ExpectCentredOver(dialog, window);
+      auto* list = Child<QListWidget>(dialog, "lstTemplateCommands");
+      QCOMPARE(list->count(), 3);
+      QCOMPARE(list->item(0)->text(), QStringLiteral("1/  Exclude rows with \"12\" in column 4 (DBH)"));
+      QCOMPARE(list->item(1)->text(), QStringLiteral("2/  Replace all \"FD\" with \"PL\" in column 3 (Species)"));
+      QCOMPARE(list->item(2)->text(), QStringLiteral("3/  Exclude rows in range \"1\" to \"3\""));
+      QCOMPARE(list->currentRow(), 0);
+      QCOMPARE(TabChain(dialog), (QStringList{"lstTemplateCommands", "cmdDown", "cmdEdit", "cmdDelete", "cmdOk",
+                                              "cmdCancel", "cmdHelp"}));
+      ExpectAccessKeysWithoutClashes(dialog);
+      ExpectNamedControls(dialog);
+      // The replacement cannot be edited.
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->visualItemRect(list->item(1)).center());
+      QVERIFY(!Child<QPushButton>(dialog, "cmdEdit")->isEnabled());
+      // The range goes up one.
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, list->visualItemRect(list->item(2)).center());
+      QVERIFY(!Child<QPushButton>(dialog, "cmdDown")->isEnabled());
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdUp"), Qt::LeftButton);
+      Settle();
+      QCOMPARE(list->item(1)->text(), QStringLiteral("2/  Exclude rows in range \"1\" to \"3\""));
+      QCOMPARE(list->currentRow(), 1);
+      // A double click opens its dialog, filled; a new end is typed.
+      bool rangeSeen = false;
+      WhenWindowUp(QStringLiteral("frmExcludeRange"), [&](QWidget* range) {
+        rangeSeen = true;
+        QCOMPARE(range->windowTitle(), QStringLiteral("Corvalin - Exclude Rows in Range..."));
+        auto* start = Child<QLineEdit>(range, "txtStartLine");
+        auto* end = Child<QLineEdit>(range, "txtEndLine");
+        QCOMPARE(start->text(), QStringLiteral("1"));
+        QCOMPARE(end->text(), QStringLiteral("3"));
+        QCOMPARE(TabChain(range), (QStringList{"txtStartLine", "txtEndLine", "cmdOk", "cmdCancel", "cmdHelp"}));
+        ExpectAccessKeysWithoutClashes(range);
+        ExpectNamedControls(range);
+        end->selectAll();
+        QTest::keyClicks(end, QStringLiteral("5"));
+        QTest::mouseClick(Child<QPushButton>(range, "cmdOk"), Qt::LeftButton);
+      });
+      const QPoint second = list->visualItemRect(list->item(1)).center();
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+      QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+      Settle();
+      QVERIFY(rangeSeen);
+      QCOMPARE(list->item(1)->text(), QStringLiteral("2/  Exclude rows in range \"1\" to \"5\""));
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdOk"), Qt::LeftButton);
+    });
+    QTest::mouseClick(Child<QPushButton>(window, "cmdEditTemplateCommands"), Qt::LeftButton);
+    Settle();
+    QVERIFY(seen);
+    QCOMPARE(question, QStringLiteral("Would you like to save the current view?"));
+    QCOMPARE(TemplateCommandAt(2).CommandType, std::string("EXCLUDE_RANGE"));
+    QCOMPARE(TemplateCommandAt(2).EndLine, int16_t{5});
+    // The replacement was not run: the species are still FD.
+    QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("FD"));
+    QCOMPARE(ExcludedLines(), (QStringList{"1", "2", "3", "4", "5", "9", "16", "23", "30", "37"}));
+    QVERIFY(Window(QStringLiteral("frmEditTemplateCommands")) == nullptr);
+  }
+
+  void TheEditorsCancelAndCloseBoxKeepTheCommands() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    Commands().CommandCount = 1;
+    TemplateCommandAt(1) = {"EXCLUDE_CONTAINING", "", "", 4, 0, 0, "12"};
+    WhenBox(QMessageBox::No, nullptr);
+    WhenWindowUp(QStringLiteral("frmEditTemplateCommands"), [&](QWidget* dialog) {
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdDelete"), Qt::LeftButton);
+      Settle();
+      QCOMPARE(Child<QListWidget>(dialog, "lstTemplateCommands")->count(), 0);
+      dialog->close();
+    });
+    QTest::mouseClick(Child<QPushButton>(window, "cmdEditTemplateCommands"), Qt::LeftButton);
+    Settle();
+    QCOMPARE(Commands().CommandCount, 1);
+    QVERIFY(Window(QStringLiteral("frmEditTemplateCommands")) == nullptr);
+  }
+
+ private:
+  GridSession* session_ = nullptr;
+};
+
+QTEST_MAIN(CommandDialogWindowsTest)
+#include "CommandDialogWindowsTest.moc"
