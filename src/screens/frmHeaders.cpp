@@ -9,13 +9,13 @@
 #include "columns/Vocabulary.h"
 #include "input/ColumnFormat.h"
 #include "screens/Application.h"
+#include "screens/StateDigest.h"
 #include "screens/StoredVariant.h"
 #include "screens/frmColumns.h"
 #include "screens/frmDamageSeverity.h"
 #include "screens/frmSlf.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
-#include "screens/StateDigest.h"
 #include "shell/Error.h"
 #include "shell/Failure.h"
 #include "shell/ProfileFile.h"
@@ -103,9 +103,8 @@ frmHeaders::frmHeaders() {
   mnuAddColumn.Caption = "Add Column";
   mnuExcludeRows.Caption = "Exclude Selected Rows";
   mnuIncludeRows.Caption = "Include Selected Rows";
-  for (ListControl* list : {&lstSpecies, &lstTreeHistory, &lstCrownRatio, &lstTreeValueClass,
-                            &lstCutLeavePrescription, &lstPlotHabitat, &lstPlotTopographicalPosition,
-                            &lstPlotSitePreparation})
+  for (ListControl* list : {&lstSpecies, &lstTreeHistory, &lstCrownRatio, &lstTreeValueClass, &lstCutLeavePrescription,
+                            &lstPlotHabitat, &lstPlotTopographicalPosition, &lstPlotSitePreparation})
     list->Visible = false;
 }
 
@@ -145,18 +144,13 @@ void frmHeaders::Form_Load() {
 void frmHeaders::Form_Activate() {
   RunEvent([&] {
     Run().TranslationDone = false;
-    // Back from Find/Replace the grid keeps the rows it shows, its selection
-    // and its place: the row found stays in view.
-    const bool resume = Run().ResumeGridAfterDialog;
-    if (!resume) {
+    if (!Run().ResumeGridAfterDialog) {
       OpenDatabase();
       BindRecords(TftRecords());
       ApplyFetchStyle();
       LoadOptions();
-      RebindGrid();
-    } else {
-      ApplyFetchStyle();
     }
+    RebindGrid();
     LoadColumnHeadings();
     for (int i = 1; i <= kHeadingColumns; ++i) {
       // The colour callback goes on whatever the boxes say.
@@ -269,7 +263,7 @@ void frmHeaders::ApplyFetchStyle() {
 void frmHeaders::RebindGrid() {
   ApplyFetchStyle();
   DatabaseEngine().SQLString(chkShowExcludedRows.Checked() ? "SELECT * FROM tft"
-                                                          : "Select * from tft where Excluded = 'N'");
+                                                           : "Select * from tft where Excluded = 'N'");
   TftRecords() = DatabaseEngine().RetreiveRecords();
   BindRecords(TftRecords());
   ApplyFetchStyle();
@@ -301,7 +295,9 @@ bool frmHeaders::HasPickList(int column) const {
   return corvalin::HasPickList(type, units);
 }
 
-void frmHeaders::SetColumnButton(int column) { ColumnButton.at(static_cast<std::size_t>(column)) = HasPickList(column); }
+void frmHeaders::SetColumnButton(int column) {
+  ColumnButton.at(static_cast<std::size_t>(column)) = HasPickList(column);
+}
 
 // ---------------------------------------------------------------- selection
 
@@ -320,9 +316,8 @@ void frmHeaders::SyncAssignControls() {
   // Selecting the entry is a click on the list: the heading is written anew
   // with the same content and the units list rebuilt before it is searched.
   const auto typeAt = std::find(cmbHeaderChoices.Items.begin(), cmbHeaderChoices.Items.end(), type);
-  SelectHeaderChoice(typeAt == cmbHeaderChoices.Items.end()
-                         ? -1
-                         : static_cast<int>(typeAt - cmbHeaderChoices.Items.begin()));
+  SelectHeaderChoice(
+      typeAt == cmbHeaderChoices.Items.end() ? -1 : static_cast<int>(typeAt - cmbHeaderChoices.Items.begin()));
   const auto unitsAt = std::find(cmbUnitChoices.Items.begin(), cmbUnitChoices.Items.end(), units);
   SelectUnitChoice(unitsAt == cmbUnitChoices.Items.end() ? -1
                                                          : static_cast<int>(unitsAt - cmbUnitChoices.Items.begin()));
@@ -440,7 +435,8 @@ int frmHeaders::CellColour(int column, Recordset::Bookmark bookmark) const {
   if (colourFieldsOf_ != &rows) {
     // The fields are found once per bound row set, not per cell.
     colourExcludedField_ = rows.RequireField("Excluded");
-    for (int c = 1; c <= kHeadingColumns; ++c) colourCellField_[static_cast<std::size_t>(c)] = rows.FieldIndex(Field(c));
+    for (int c = 1; c <= kHeadingColumns; ++c)
+      colourCellField_[static_cast<std::size_t>(c)] = rows.FieldIndex(Field(c));
     colourFieldsOf_ = &rows;
   }
   const auto excluded = rows.CellAt(bookmark, colourExcludedField_);
@@ -453,21 +449,40 @@ int frmHeaders::CellColour(int column, Recordset::Bookmark bookmark) const {
       rows.CellAt(bookmark, field >= 0 ? field : rows.RequireField(Field(column))).value_or(std::string_view());
   bool valid = true;
   switch (rule) {
-    case CellRule::None: break;
-    case CellRule::TreeHistory: valid = IsValidTreeHistory(text); break;
+    case CellRule::None:
+      break;
+    case CellRule::TreeHistory:
+      valid = IsValidTreeHistory(text);
+      break;
     case CellRule::Species: {
       std::string copy(text);
       valid = IsValidSpecies(copy, cmbVariant.Text);
       break;
     }
-    case CellRule::CrownRatio: valid = IsValidCrownRatio(text); break;
-    case CellRule::DamageSeverity: valid = IsValidDamageSeverityPair(text); break;
-    case CellRule::TreeValue: valid = IsValidTreeValue(text); break;
-    case CellRule::Prescription: valid = IsValidPrescription(text); break;
-    case CellRule::HabitatType: valid = IsValidHabitatType(text); break;
-    case CellRule::TopoPosition: valid = IsValidTopoPosition(text); break;
-    case CellRule::SitePreparation: valid = IsValidSitePreparation(text); break;
-    case CellRule::Decimal: valid = IsDecimalText(text); break;
+    case CellRule::CrownRatio:
+      valid = IsValidCrownRatio(text);
+      break;
+    case CellRule::DamageSeverity:
+      valid = IsValidDamageSeverityPair(text);
+      break;
+    case CellRule::TreeValue:
+      valid = IsValidTreeValue(text);
+      break;
+    case CellRule::Prescription:
+      valid = IsValidPrescription(text);
+      break;
+    case CellRule::HabitatType:
+      valid = IsValidHabitatType(text);
+      break;
+    case CellRule::TopoPosition:
+      valid = IsValidTopoPosition(text);
+      break;
+    case CellRule::SitePreparation:
+      valid = IsValidSitePreparation(text);
+      break;
+    case CellRule::Decimal:
+      valid = IsDecimalText(text);
+      break;
   }
   return valid ? kCellColourNone : kCellColourInvalid;
 }
@@ -752,8 +767,7 @@ void frmHeaders::OpenDamageSeverityDialog(const std::string& cellText) {
 // ---------------------------------------------------------------- validation
 
 bool frmHeaders::Validate() {
-  const ValidationResult result =
-      ValidateTable({ColumnCaption, cmbVariant.Text, optMetric.Value, Adodc1.Recordset});
+  const ValidationResult result = ValidateTable({ColumnCaption, cmbVariant.Text, optMetric.Value, Adodc1.Recordset});
   // The cell first, so that the person sees what the message is about.
   if (result.column >= 0) SelectGridColumn(result.column);
   if (result.row >= 0) SelectGridRow(result.row);

@@ -18,6 +18,7 @@
 #include "shell/Text.h"
 #include "shell/Toolkit.h"
 #include "templates/TemplateFile.h"
+#include "worktable/clsDBEngine.h"
 
 namespace corvalin {
 
@@ -36,9 +37,12 @@ constexpr int kShiftHeld = 1;
 // The characters of a picked entry that go into the cell; 0 is the whole.
 int PickedCharacters(frmHeaders::PickList list) {
   switch (list) {
-    case frmHeaders::PickList::Species: return 0;
-    case frmHeaders::PickList::PlotHabitat: return 3;
-    default: return 1;
+    case frmHeaders::PickList::Species:
+      return 0;
+    case frmHeaders::PickList::PlotHabitat:
+      return 3;
+    default:
+      return 1;
   }
 }
 
@@ -187,14 +191,22 @@ void frmHeaders::TDBGrid1_AfterInsert() {
 
 ListControl& frmHeaders::PickListControl(PickList list) {
   switch (list) {
-    case PickList::Species: return lstSpecies;
-    case PickList::TreeHistory: return lstTreeHistory;
-    case PickList::CrownRatio: return lstCrownRatio;
-    case PickList::TreeValueClass: return lstTreeValueClass;
-    case PickList::CutLeavePrescription: return lstCutLeavePrescription;
-    case PickList::PlotHabitat: return lstPlotHabitat;
-    case PickList::PlotTopographicalPosition: return lstPlotTopographicalPosition;
-    case PickList::PlotSitePreparation: return lstPlotSitePreparation;
+    case PickList::Species:
+      return lstSpecies;
+    case PickList::TreeHistory:
+      return lstTreeHistory;
+    case PickList::CrownRatio:
+      return lstCrownRatio;
+    case PickList::TreeValueClass:
+      return lstTreeValueClass;
+    case PickList::CutLeavePrescription:
+      return lstCutLeavePrescription;
+    case PickList::PlotHabitat:
+      return lstPlotHabitat;
+    case PickList::PlotTopographicalPosition:
+      return lstPlotTopographicalPosition;
+    case PickList::PlotSitePreparation:
+      return lstPlotSitePreparation;
   }
   return lstSpecies;
 }
@@ -379,10 +391,18 @@ void frmHeaders::mnuAddColumn_Click() {
 
 void frmHeaders::ShowCommandDialog(Screen& dialog) {
   App().ShowModal(dialog);
-  // The grid is in front again: its activation binds the table as the
-  // command left it, so that rows now excluded go when they are hidden.
-  // After Find/Replace it keeps its rows and its place.
-  Form_Activate();
+  // The grid is in front again and shows the table as the command left it:
+  // rows now excluded go when excluded rows are hidden. Only the rows are
+  // read again: the headings, the variant and the units stay as the person
+  // left them (read again from a template the editor has just turned on,
+  // they would lose every column named since it was saved). After
+  // Find/Replace the grid keeps its rows and its place, the row found in
+  // view.
+  if (!Run().ResumeGridAfterDialog) {
+    OpenDatabase();
+    RebindGrid();
+  }
+  Run().ResumeGridAfterDialog = false;
 }
 
 void frmHeaders::mnuReplaceAll_Click() {
@@ -401,8 +421,7 @@ void frmHeaders::mnuExcludeStartingWith_Click() {
 
 void frmHeaders::cmdEditTemplateCommands_Click() {
   RunEvent([&] {
-    const Answer answer =
-        UI().Message({"Would you like to save the current view?", Buttons::YesNo, Icon::None, "", 1});
+    const Answer answer = UI().Message({"Would you like to save the current view?", Buttons::YesNo, Icon::None, "", 1});
     if (answer == Answer::Yes) SaveTemplate();
     Run().UseTemplate = true;
     ShowCommandDialog(App().EditTemplateCommands());

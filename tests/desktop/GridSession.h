@@ -56,6 +56,7 @@ class GridSession {
   }
 
   QString Home() const { return home_.path(); }
+  QtToolkit& Toolkit() { return toolkit_; }
   QString Work() const { return home_.path() + QStringLiteral("/Documents/Orvanta/Work/"); }
 
   // The assignment a column gets from the settings, as the last session
