@@ -35,34 +35,70 @@ class BusyPointer {
 
 std::string FieldOf(int16_t column) { return "c" + std::to_string(column); }
 
+// The fields a walk reads, found by name once, on its first row: a column
+// the table does not have fails there, with the store's error.
+struct WalkFields {
+  int cell = -1;
+  int excluded = -1;
+  int line = -1;
+};
+
 // Marks the current row excluded when it still takes part; counts it then.
-void ExcludeCurrentRow(Recordset& rows) {
-  const auto excluded = rows.Value("Excluded");
+void ExcludeCurrentRow(Recordset& rows, const WalkFields& fields) {
+  const auto excluded = rows.CellAt(fields.excluded);
   if (excluded && *excluded == "N") {
-    rows.SetValue("Excluded", "Y");
+    rows.SetValueAt(fields.excluded, "Y");
     rows.Update();
     Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
   }
 }
+
+// The rows a walk changes are written to the table together when it ends,
+// also when it fails part way: what was changed stays changed.
+class WriteBatch {
+ public:
+  explicit WriteBatch(Recordset& rows) : rows_(rows) { rows_.BeginBatch(); }
+  ~WriteBatch() {
+    try {
+      rows_.EndBatch();
+    } catch (const std::exception&) {
+      // Only on the way out of a failure, which is the one reported.
+    }
+  }
+  void Done() { rows_.EndBatch(); }
+  WriteBatch(const WriteBatch&) = delete;
+  WriteBatch& operator=(const WriteBatch&) = delete;
+
+ private:
+  Recordset& rows_;
+};
 
 // What every command does around its rows: the busy pointer, a clone of the
 // grid's rows, the hit count from zero, each row from the first to the end.
 // A failure part way leaves the pointer busy and the rows done so far
 // changed; the caller reports it.
 template <typename EachRow>
-void WalkGridRows(int16_t index, const std::shared_ptr<Recordset>& gridRows, EachRow eachRow) {
+void WalkGridRows(int16_t index, const std::shared_ptr<Recordset>& gridRows, bool usesColumn, EachRow eachRow) {
   BusyPointer busy;
   const TemplateCommand& command = TemplateCommandAt(index);
   auto rows = CloneOfGridRecords(gridRows);
   Commands().CommandHitCount = 0;
-  const std::string field = FieldOf(command.ColumnNumber);
   rows->MoveFirst();
+  WriteBatch batch(*rows);
+  WalkFields fields;
   // A walk from the first row never stands before it, so the end is the one
   // place it stops.
   while (!rows->IsEOF()) {
-    eachRow(command, field, *rows);
+    if (fields.excluded < 0) {
+      // A range names a column too, which plays no part and need not exist.
+      if (usesColumn) fields.cell = rows->RequireField(FieldOf(command.ColumnNumber));
+      fields.excluded = rows->RequireField("Excluded");
+      fields.line = rows->RequireField("LineNum");
+    }
+    eachRow(command, fields, *rows);
     rows->MoveNext();
   }
+  batch.Done();
   busy.Done();
 }
 
@@ -77,47 +113,48 @@ TemplateCommand& TemplateCommandAt(int16_t k) {
 }
 
 void ApplyReplaceAll(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
-  const auto replaceCell = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
+  const auto replaceCell = [](const TemplateCommand& command, const WalkFields& fields, Recordset& rows) {
     // Whole cells only: "12" does not touch "123". A Null cell is no match.
-    const auto value = rows.Value(field);
+    const auto value = rows.CellAt(fields.cell);
     if (value && *value == command.FindString) {
-      rows.SetValue(field, command.ReplacementString);
+      rows.SetValueAt(fields.cell, command.ReplacementString);
       rows.Update();
       Commands().CommandHitCount = Inc16(Commands().CommandHitCount);
     }
   };
-  WalkGridRows(index, gridRows, replaceCell);
+  WalkGridRows(index, gridRows, true, replaceCell);
 }
 
 void ApplyExcludeContaining(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
-  const auto excludeWholeCellMatch = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
+  const auto excludeWholeCellMatch = [](const TemplateCommand& command, const WalkFields& fields, Recordset& rows) {
     // Despite its name the command compares the whole cell, as templates
     // saved so far expect.
-    const auto value = rows.Value(field);
-    if (value && *value == command.DeleteString) ExcludeCurrentRow(rows);
+    const auto value = rows.CellAt(fields.cell);
+    if (value && *value == command.DeleteString) ExcludeCurrentRow(rows, fields);
   };
-  WalkGridRows(index, gridRows, excludeWholeCellMatch);
+  WalkGridRows(index, gridRows, true, excludeWholeCellMatch);
 }
 
 void ApplyExcludeStartingWith(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
-  const auto excludeCellStart = [](const TemplateCommand& command, const std::string& field, Recordset& rows) {
+  const auto excludeCellStart = [](const TemplateCommand& command, const WalkFields& fields, Recordset& rows) {
     // A Null cell cannot be cut: the invalid use of Null (94) goes to the caller.
-    const std::string value = rows.Text(field);
-    if (value.compare(0, command.DeleteString.size(), command.DeleteString) == 0) ExcludeCurrentRow(rows);
+    const auto value = rows.CellAt(fields.cell);
+    if (!value) Raise(err::InvalidUseOfNull, "Recordset");
+    if (value->substr(0, command.DeleteString.size()) == command.DeleteString) ExcludeCurrentRow(rows, fields);
   };
-  WalkGridRows(index, gridRows, excludeCellStart);
+  WalkGridRows(index, gridRows, true, excludeCellStart);
 }
 
 void ApplyExcludeRange(int16_t& index, const std::shared_ptr<Recordset>& gridRows) {
-  const auto excludeLineInRange = [](const TemplateCommand& command, const std::string&, Recordset& rows) {
+  const auto excludeLineInRange = [](const TemplateCommand& command, const WalkFields& fields, Recordset& rows) {
     // LineNum is the input line, so a range stays right when rows are hidden.
-    const auto line = rows.Value("LineNum");
+    const auto line = rows.CellAt(fields.line);
     if (line) {
-      const long number = std::stol(*line);
-      if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(rows);
+      const long number = std::stol(std::string(*line));
+      if (number >= command.StartLine && number <= command.EndLine) ExcludeCurrentRow(rows, fields);
     }
   };
-  WalkGridRows(index, gridRows, excludeLineInRange);
+  WalkGridRows(index, gridRows, false, excludeLineInRange);
 }
 
 std::string CommandLimitMessage() {

@@ -1,5 +1,7 @@
 #include "worktable/Recordset.h"
 
+#include <sqlite3.h>
+
 #include <cstdlib>
 
 #include "shell/Error.h"
@@ -109,6 +111,23 @@ void Recordset::SetValue(std::string_view name, const std::string& value) { SetV
 void Recordset::Update() {
   RequireCurrent();
   Store().WriteThrough(*connection_, position_);
+}
+
+void Recordset::BeginBatch() {
+  if (batching_ || connection_ == nullptr || connection_->db == nullptr) return;
+  FinishWrites(*connection_);
+  if (sqlite3_get_autocommit(connection_->db) == 0) return;
+  if (sqlite3_exec(connection_->db, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK)
+    RaiseDatabaseError(connection_->db, "Recordset.BeginBatch");
+  batching_ = true;
+}
+
+void Recordset::EndBatch() {
+  if (!batching_) return;
+  batching_ = false;
+  if (connection_->db == nullptr || sqlite3_get_autocommit(connection_->db) != 0) return;
+  if (sqlite3_exec(connection_->db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
+    RaiseDatabaseError(connection_->db, "Recordset.EndBatch");
 }
 
 void Recordset::AddNew() { position_ = Store().AddRow(); }

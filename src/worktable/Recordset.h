@@ -68,6 +68,13 @@ class Recordset {
   // Writes the current row's changed fields to the table (a new row is
   // inserted).
   void Update();
+
+  // Many updates in a row go to the table in one write: from BeginBatch
+  // they are held in one transaction of the store (unless one is open
+  // already), and EndBatch writes them. What was updated before a failure
+  // stays written: EndBatch is called on the way out all the same.
+  void BeginBatch();
+  void EndBatch();
   // A new row at the end of the set, every field Null, made the current row;
   // Update puts it into the table.
   void AddNew();
@@ -102,6 +109,7 @@ class Recordset {
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<RowStore> rows_;
   long position_ = 0;  // -1 BOF, RecordCount() EOF
+  bool batching_ = false;
 };
 
 }  // namespace corvalin

@@ -175,6 +175,28 @@ TEST_F(TemplateCommandsTest, NullCellFailsExcludeStartingWithOnly) {
   EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 3)); }), 94);
 }
 
+TEST_F(TemplateCommandsTest, AFailurePartWayLeavesTheRowsBeforeItExcludedInTheTable) {
+  ChangeTableAndReloadTheGrid("update tft set c2 = NULL where LineNum = 3");
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Exclude("EXCLUDE_STARTING_WITH", "", 2)); }), 94);
+  // Lines 1 and 2 came before the Null cell: they are written to the table,
+  // and the table takes further changes.
+  EXPECT_EQ(ExcludedLines(), "1 2 ");
+  EXPECT_EQ(HitsOf(Range(4, 5)), 2);
+  EXPECT_EQ(ExcludedLines(), "1 2 4 5 ");
+}
+
+TEST_F(TemplateCommandsTest, ARangeNeedsNoColumnOfItsOwn) {
+  TemplateCommand range = Range(2, 3);
+  range.ColumnNumber = -1;
+  EXPECT_EQ(HitsOf(range), 2);
+  EXPECT_EQ(ExcludedLines(), "2 3 ");
+}
+
+TEST_F(TemplateCommandsTest, AColumnTheTableLacksFailsOnTheFirstRow) {
+  EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Exclude("EXCLUDE_CONTAINING", "P", 31)); }), 3265);
+  EXPECT_EQ(ExcludedLines(), "");
+}
+
 TEST_F(TemplateCommandsTest, TheWalkLeavesTheGridsPositionAlone) {
   grid->SetBookmark(3);
   HitsOf(Range(1, 5));
