@@ -9,6 +9,7 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "GridTour.h"
 #include "Tour.h"
 #include "desktop/frmHeadersWindow.h"
 #include "screens/Application.h"
@@ -20,7 +21,6 @@
 #include "shell/Failure.h"
 
 namespace corvalin::tour {
-namespace {
 
 // The lolo survey loaded with the lolo template, and the grid shown.
 frmHeadersWindow* GridOfLolo(Tour& tour) {
@@ -48,6 +48,8 @@ frmHeadersWindow* GridOfLolo(Tour& tour) {
   ScreenWindow::Fire([&] { headers.SetCellText(2, 5, "XX"); });
   return window;
 }
+
+namespace {
 
 // Presses the button of a cell as a person does.
 void PressButton(frmHeadersWindow* window, int row, int column) {
