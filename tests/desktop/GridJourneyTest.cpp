@@ -7,9 +7,10 @@
 // tree list byte for byte.
 //
 // The survey's species are numeric codes, which the sample template turns
-// into the variant's codes with Find/Replace commands. That dialog is not in
-// this version, so the file the journey starts from is the survey with those
-// replacements and the rows the sample template leaves out already applied.
+// into the variant's codes with Find/Replace commands. This journey is about
+// the grid itself, so the file it starts from is the survey with those
+// replacements and the rows the sample template leaves out already applied;
+// commands made by hand are CommandRoundTripTest's.
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>

@@ -336,6 +336,19 @@ TEST_F(CommandDialogsTest, FindNextWithNothingPastTheRowAsksToStartFromTheTop) {
   EXPECT_EQ(SelectedLines(headers), std::vector<int>{1});
 }
 
+TEST_F(CommandDialogsTest, AMatchAboveTheRowsOnViewIsFoundInTheFirstPass) {
+  Species({"PL", "PL", "FD", "PL", "PL", "PL", "PL", "PL", "PL", "PL", "PL", "PL"});
+  frmHeaders& headers = Grid();
+  // Scrolled down: lines 9 to 12 on view, the fourth of them current.
+  grid.firstOnView = 8;
+  headers.Row = 2;
+  frmReplaceAll& dialog = App().ReplaceAll();
+  dialog.txtFind.Text = "FD";
+  dialog.cmdFindNext_Click();
+  EXPECT_EQ(SelectedLines(headers), std::vector<int>{3});
+  EXPECT_TRUE(ui.Texts().empty());
+}
+
 TEST_F(CommandDialogsTest, NoToStartingFromTheTopSelectsNothing) {
   Species({"FD", "PL", "PL"});
   frmHeaders& headers = Grid();

@@ -192,11 +192,6 @@ TEST_F(TemplateCommandsTest, ARangeNeedsNoColumnOfItsOwn) {
   EXPECT_EQ(ExcludedLines(), "2 3 ");
 }
 
-TEST_F(TemplateCommandsTest, AColumnTheTableLacksFailsOnTheFirstRow) {
-  EXPECT_EQ(testing::ErrorNumberRaisedBy([this] { HitsOf(Exclude("EXCLUDE_CONTAINING", "P", 31)); }), 3265);
-  EXPECT_EQ(ExcludedLines(), "");
-}
-
 TEST_F(TemplateCommandsTest, TheWalkLeavesTheGridsPositionAlone) {
   grid->SetBookmark(3);
   HitsOf(Range(1, 5));
