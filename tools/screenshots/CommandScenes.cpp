@@ -121,5 +121,22 @@ const Registration editor{"39-command-editor", [](Tour& tour) {
                             Child<QPushButton>(window, "cmdEditTemplateCommands")->click();
                           }};
 
+// On a laptop's screen under a window manager: the dialog opens over the
+// grid, title bar and all.
+const Registration onScreen{"40-z-find-replace-on-screen", [](Tour& tour) {
+                              frmHeadersWindow* window = GridOfLolo(tour);
+                              window->resize(1000, 600);
+                              window->move(120, 40);
+                              Tour::Settle(300);
+                              ChooseColumn(window, 5);
+                              frmHeaders& headers = App().Headers();
+                              Tour::WhenModal([&tour](QWidget* dialog) {
+                                Type(dialog, "txtFind", QStringLiteral("PP"));
+                                tour.SaveScreen(QStringLiteral("desktop-find-replace"));
+                                dialog->close();
+                              });
+                              ScreenWindow::Fire([&] { headers.mnuReplaceAll_Click(); });
+                            }};
+
 }  // namespace
 }  // namespace corvalin::tour

@@ -21,14 +21,6 @@
 namespace corvalin::tour {
 namespace {
 
-void SaveScreen(Tour& tour, const QString& name) {
-  Tour::Settle(400);
-  QScreen* screen = QGuiApplication::primaryScreen();
-  const QString path = tour.Output() + QLatin1Char('/') + name + QStringLiteral(".png");
-  screen->grabWindow(0).save(path);
-  std::printf("screenshots: %s\n", qPrintable(path));
-}
-
 void Report(QWidget* window) {
   const QRect frame = window->frameGeometry();
   const QRect inner = window->geometry();
@@ -51,7 +43,7 @@ const Registration placement{"40-wizard-placement", [](Tour& tour) {
   Kit().AnswerFileDialog = nullptr;
   Tour::Settle(300);
   Report(setup);
-  SaveScreen(tour, QStringLiteral("desktop-setup"));
+  tour.SaveScreen(QStringLiteral("desktop-setup"));
   // Moved to the top left corner, as a person may.
   setup->move(0, 0);
   Tour::Settle(300);
@@ -61,12 +53,12 @@ const Registration placement{"40-wizard-placement", [](Tour& tour) {
     QWidget* columns = tour.Window(QStringLiteral("frmColumns"));
     Tour::Settle(300);
     Report(columns);
-    if (round == 0) SaveScreen(tour, QStringLiteral("desktop-columns"));
+    if (round == 0) tour.SaveScreen(QStringLiteral("desktop-columns"));
     Child<QPushButton>(columns, "cmdNext")->click();
     QWidget* grid = tour.Window(QStringLiteral("frmHeaders"));
     Tour::Settle(300);
     Report(grid);
-    if (round == 0) SaveScreen(tour, QStringLiteral("desktop-grid"));
+    if (round == 0) tour.SaveScreen(QStringLiteral("desktop-grid"));
     Child<QPushButton>(grid, "cmdBack")->click();
     Report(tour.Window(QStringLiteral("frmColumns")));
     Child<QPushButton>(tour.Window(QStringLiteral("frmColumns")), "cmdBack")->click();

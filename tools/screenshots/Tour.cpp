@@ -4,14 +4,16 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QGuiApplication>
 #include <QPointer>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
-#include <optional>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <vector>
 
 #include "ConfiguredHome.h"
@@ -67,6 +69,14 @@ void Tour::Settle(int milliseconds) {
   QElapsedTimer waited;
   waited.start();
   while (waited.elapsed() < milliseconds) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void Tour::SaveScreen(const QString& name) {
+  Settle(400);
+  QScreen* screen = QGuiApplication::primaryScreen();
+  const QString path = output_ + QLatin1Char('/') + name + QStringLiteral(".png");
+  screen->grabWindow(0).save(path);
+  std::printf("screenshots: %s\n", qPrintable(path));
 }
 
 void Tour::WhenModal(std::function<void(QWidget*)> act) {

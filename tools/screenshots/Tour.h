@@ -24,6 +24,8 @@ class Tour {
   // Saves the window as <name>.png in the output folder (the window, as the
   // person sees it, without the frame the window manager draws).
   void Save(QWidget* window, const QString& name);
+  // Saves the whole screen, every window on it with its frame.
+  void SaveScreen(const QString& name);
   // The visible top-level window with this object name; fails the tour when
   // none is up within a few seconds.
   QWidget* Window(const QString& objectName);
