@@ -155,7 +155,9 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
       Columns().scrFileViewHorizontal_Change();
     });
   });
-  resize(860, 560);
+  // As tall as its controls: the preview shows its ten lines and a larger
+  // window would only leave empty bands between the blocks.
+  resize(860, sizeHint().height());
 }
 
 frmColumnsWindow::~frmColumnsWindow() { preview_->Detach(); }
