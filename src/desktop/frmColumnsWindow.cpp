@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -155,8 +156,6 @@ frmColumnsWindow::frmColumnsWindow(frmColumns& screen) : ScreenWindow(screen) {
       Columns().scrFileViewHorizontal_Change();
     });
   });
-  // As tall as its controls: the preview shows its ten lines and a larger
-  // window would only leave empty bands between the blocks.
   resize(860, sizeHint().height());
 }
 
@@ -228,6 +227,13 @@ void frmColumnsWindow::Redraw(const ScreenChanges& changes) {
   DrawButton(cmdFinish_, s.cmdFinish);
   preview_->update();
   preview_->DescribeForReaders();
+  // Before it is shown the window takes the height of its controls as now
+  // drawn: the preview shows its ten lines, and a taller window would only
+  // leave empty bands between the blocks.
+  if (!isVisible()) {
+    layout()->activate();
+    resize(width(), sizeHint().height());
+  }
 }
 
 void frmColumnsWindow::closeEvent(QCloseEvent* event) {
