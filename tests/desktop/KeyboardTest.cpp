@@ -19,6 +19,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <QtTest/QtTest>
+#include <algorithm>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -27,6 +28,7 @@
 #include "KeyboardChecks.h"
 #include "desktop/Keyboard.h"
 #include "desktop/QtToolkit.h"
+#include "desktop/ScreenWindow.h"
 #include "screens/Application.h"
 #include "screens/frmColumns.h"
 #include "screens/frmConfigure.h"
@@ -206,6 +208,63 @@ class KeyboardTest : public QObject, public WizardWindows {
     Settle();
     QVERIFY(!history->isVisible());
     QCOMPARE(cell.data().toString(), QStringLiteral("6"));
+  }
+
+  void theDamageDialogReadsInOrderAndEscapeIsItsCancel() {
+    QWidget* grid = Press(Press(LoloFirstScreen(), "cmdNextTrans", "frmColumns"), "cmdNext", "frmHeaders");
+    frmHeaders& headers = App().Headers();
+    // Column 8 made a damage column, its cell on line 3 a pair.
+    ScreenWindow::Fire([&] {
+      headers.SelectGridColumn(8);
+      const auto& items = headers.cmbHeaderChoices.Items;
+      const auto at = std::find(items.begin(), items.end(), "Damage/Severity - 1");
+      headers.SelectHeaderChoice(static_cast<int>(at - items.begin()));
+      headers.SetCellText(2, 8, "12 3");
+    });
+    Settle();
+    auto* table = Child<QTableView>(grid, "TDBGrid1");
+    table->setFocus();
+    table->setCurrentIndex(table->model()->index(2, 8));
+    bool checked = false;
+    WhenActiveModal([&checked](QWidget* dialog) {
+      checked = true;
+      QCOMPARE(dialog->objectName(), QStringLiteral("frmDamageSeverity"));
+      QCOMPARE(TabChain(dialog), (QStringList{"cmbDamage", "cmbSeverity", "cmdOk", "cmdCancel", "cmdHelp"}));
+      ExpectAccessKeysWithoutClashes(dialog);
+      ExpectNamedControls(dialog);
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+    QTest::keyClick(table, Qt::Key_F4);
+    Settle();
+    QVERIFY(checked);
+    QVERIFY(Window(QStringLiteral("frmDamageSeverity")) == nullptr);
+    QCOMPARE(table->model()->index(2, 8).data().toString(), QStringLiteral("12 3"));
+  }
+
+  void theAppendQuestionReadsInOrderWithAKeyForEachChoice() {
+    QWidget* setup = LoloFirstScreen();
+    // The output is there already: the translation asks what to do.
+    QFile old(QString::fromStdString(App().Template().lblOutputFile.Caption));
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("an older tree list\r\n");
+    old.close();
+    bool checked = false;
+    WhenActiveModal([&checked](QWidget* question) {
+      checked = true;
+      QCOMPARE(question->objectName(), QStringLiteral("frmAppendOverwriteCancel"));
+      QCOMPARE(TabChain(question), (QStringList{"cmdAppend", "cmdOverwrite", "cmdCancel"}));
+      ExpectAccessKeysWithoutClashes(question);
+      ExpectNamedControls(question);
+      // Escape is Cancel: the translation stops with no further box.
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+    Child<QPushButton>(setup, "cmdFinish")->click();
+    Settle();
+    QVERIFY(checked);
+    QVERIFY(Run().AppendCancelled);
+    QFile kept(QString::fromStdString(App().Template().lblOutputFile.Caption));
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QCOMPARE(kept.readAll(), QByteArray("an older tree list\r\n"));
   }
 
   // The sample translation of the survey with the lolo template, with keys
