@@ -5,6 +5,7 @@
 // grid drawn again from the table after each command, and its model clean
 // under Qt's model tester.
 #include <QAbstractItemModelTester>
+#include <QDesktopServices>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
@@ -15,6 +16,7 @@
 #include <QTableView>
 #include <QtTest/QtTest>
 #include <functional>
+#include <memory>
 
 #include "DesktopHome.h"
 #include "GridSession.h"
@@ -94,13 +96,15 @@ void ChooseFromMenu(frmHeadersWindow* window, const QString& entry) {
   QTableView* table = window->Table();
   auto* timer = new QTimer;
   timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, entry] {
+  auto chosen = std::make_shared<bool>(false);
+  QObject::connect(timer, &QTimer::timeout, [timer, entry, chosen] {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr || !menu->isVisible()) return;
     timer->stop();
     timer->deleteLater();
     for (QAction* action : menu->actions())
-      if (action->text() == entry) {
+      if (action->text() == entry && action->isEnabled()) {
+        *chosen = true;
         menu->close();
         action->trigger();
         return;
@@ -111,6 +115,7 @@ void ChooseFromMenu(frmHeadersWindow* window, const QString& entry) {
   QTest::mouseClick(table->viewport(), Qt::RightButton, Qt::NoModifier,
                     table->visualRect(table->model()->index(2, 2)).center());
   Settle();
+  QVERIFY2(*chosen, qPrintable(entry));
 }
 
 // A dialog lies wholly on the working area, centred over the grid.
@@ -129,6 +134,17 @@ QStringList ExcludedLines() {
     if (rows->TextOrEmpty("Excluded") == "Y") lines << QString::fromStdString(rows->Text("LineNum"));
   return lines;
 }
+
+// Catches the help the dialogs open instead of a browser.
+class UrlCatcher : public QObject {
+  Q_OBJECT
+
+ public:
+  QList<QUrl> opened;
+
+ public slots:
+  void Open(const QUrl& url) { opened << url; }
+};
 
 }  // namespace
 
@@ -314,6 +330,66 @@ class CommandDialogWindowsTest : public QObject {
     QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("FD"));
     QCOMPARE(ExcludedLines(), (QStringList{"1", "2", "3", "4", "5", "9", "16", "23", "30", "37"}));
     QVERIFY(Window(QStringLiteral("frmEditTemplateCommands")) == nullptr);
+  }
+
+  void ReplaceChangesOneCellAndEveryDialogsHelpOpensTheHelp() {
+    frmHeadersWindow* window = session_->Open(Trees());
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "Open");
+    ChooseColumn(window, 3);
+    WhenWindowUp(QStringLiteral("frmReplaceAll"), [&](QWidget* dialog) {
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtFind"), QStringLiteral("FD"));
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtReplacement"), QStringLiteral("PL"));
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdReplace"), Qt::LeftButton);
+      Settle();
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdHelp"), Qt::LeftButton);
+      QTest::mouseClick(Child<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
+    });
+    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    // The first match past the grid's row: one cell, and no command.
+    QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("PL"));
+    QCOMPARE(window->Model()->data(window->Model()->index(1, 3)).toString(), QStringLiteral("FD"));
+    QCOMPARE(Commands().CommandCount, 0);
+    for (const auto& [entry, name] : {std::pair{"Exclude Rows Containing...", "frmExcludeContaining"},
+                                      std::pair{"Exclude Rows Starting With...", "frmExcludeStartingWith"}}) {
+      WhenWindowUp(QString::fromLatin1(name), [](QWidget* dialog) {
+        QTest::mouseClick(Child<QPushButton>(dialog, "cmdHelp"), Qt::LeftButton);
+        QTest::mouseClick(Child<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
+      });
+      ChooseColumn(window, 3);
+      ChooseFromMenu(window, QString::fromLatin1(entry));
+    }
+    Commands().CommandCount = 2;
+    TemplateCommandAt(1) = {"EXCLUDE_RANGE", "", "", -1, 1, 3, ""};
+    TemplateCommandAt(2) = {"EXCLUDE_RANGE", "", "", -1, 7, 9, ""};
+    WhenBox(QMessageBox::No, nullptr);
+    WhenWindowUp(QStringLiteral("frmEditTemplateCommands"), [&](QWidget* editor) {
+      // Down, then the range's dialog: Help, Cancel; again, its close box.
+      QTest::mouseClick(Child<QPushButton>(editor, "cmdDown"), Qt::LeftButton);
+      Settle();
+      QCOMPARE(Child<QListWidget>(editor, "lstTemplateCommands")->item(0)->text(),
+               QStringLiteral("1/  Exclude rows in range \"7\" to \"9\""));
+      WhenWindowUp(QStringLiteral("frmExcludeRange"), [](QWidget* range) {
+        QTest::mouseClick(Child<QPushButton>(range, "cmdHelp"), Qt::LeftButton);
+        QTest::mouseClick(Child<QPushButton>(range, "cmdCancel"), Qt::LeftButton);
+      });
+      QTest::mouseClick(Child<QPushButton>(editor, "cmdEdit"), Qt::LeftButton);
+      Settle();
+      WhenWindowUp(QStringLiteral("frmExcludeRange"), [](QWidget* range) { range->close(); });
+      QTest::mouseClick(Child<QPushButton>(editor, "cmdEdit"), Qt::LeftButton);
+      Settle();
+      QTest::mouseClick(Child<QPushButton>(editor, "cmdHelp"), Qt::LeftButton);
+      QTest::mouseClick(Child<QPushButton>(editor, "cmdCancel"), Qt::LeftButton);
+    });
+    QTest::mouseClick(Child<QPushButton>(window, "cmdEditTemplateCommands"), Qt::LeftButton);
+    Settle();
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QCOMPARE(catcher.opened.size(), 5);
+    QCOMPARE(TemplateCommandAt(1).StartLine, int16_t{1});
+    QVERIFY(ExcludedLines().isEmpty());
+    for (const char* name : {"frmReplaceAll", "frmExcludeContaining", "frmExcludeStartingWith", "frmExcludeRange",
+                             "frmEditTemplateCommands"})
+      QVERIFY2(Window(QString::fromLatin1(name)) == nullptr, name);
   }
 
   void TheEditorsCancelAndCloseBoxKeepTheCommands() {

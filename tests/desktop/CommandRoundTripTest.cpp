@@ -16,6 +16,7 @@
 #include <QRadioButton>
 #include <QTableView>
 #include <QtTest/QtTest>
+#include <memory>
 
 #include "DesktopHome.h"
 #include "GridSession.h"
@@ -65,13 +66,15 @@ void ChooseColumn(frmHeadersWindow* window, int column) {
 void ChooseFromMenu(QWidget* where, QPoint at, const QString& entry) {
   auto* timer = new QTimer;
   timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, entry] {
+  auto chosen = std::make_shared<bool>(false);
+  QObject::connect(timer, &QTimer::timeout, [timer, entry, chosen] {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr || !menu->isVisible()) return;
     timer->stop();
     timer->deleteLater();
     for (QAction* action : menu->actions())
-      if (action->text() == entry) {
+      if (action->text() == entry && action->isEnabled()) {
+        *chosen = true;
         menu->close();
         action->trigger();
         return;
@@ -81,6 +84,7 @@ void ChooseFromMenu(QWidget* where, QPoint at, const QString& entry) {
   timer->start();
   QTest::mouseClick(where, Qt::RightButton, Qt::NoModifier, at);
   Settle();
+  QVERIFY2(*chosen, qPrintable(entry));
 }
 
 void ColumnMenu(frmHeadersWindow* window, int column, const QString& entry) {
