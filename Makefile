@@ -12,7 +12,7 @@ GENERATOR ?= Ninja
 WERROR ?=
 WARNINGS = -DCORVALIN_WERROR=$(if $(WERROR),ON,OFF)
 
-.PHONY: all deps configure build run test sanitize bench fuzz soak soak-sanitize screenshots install clean
+.PHONY: all deps configure build run test sanitize bench fuzz soak soak-sanitize screenshots atspi install clean
 
 all: build
 
@@ -89,6 +89,11 @@ fuzz:
 SCENE ?=
 screenshots: build
 	./tools/screenshots.sh $(BUILD) $(SCENE)
+
+# The first screen on a live accessibility bus, read as a screen reader
+# reads it (tools/atspi-check.sh).
+atspi: build
+	./tools/atspi-check.sh $(BUILD)
 
 # make install PREFIX=/opt/corvalin
 PREFIX ?= /usr/local
