@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "DesktopHome.h"
+#include "GridDialogs.h"
 #include "GridSession.h"
 #include "KeyboardChecks.h"
 #include "desktop/GridModel.h"
@@ -26,96 +27,21 @@
 #include "templates/TemplateCommands.h"
 
 using namespace corvalin;
+using corvalin::testing::AssignTrees;
 using corvalin::testing::GridSession;
+using corvalin::testing::Trees;
 using namespace corvalin::desktoptest;
 
 namespace {
-
-// Forty trees: plot, tree, species FD, DBH 10 to 16, a damage pair, crown
-// ratio, count.
-QByteArray Trees() {
-  QByteArray text;
-  for (int i = 1; i <= 40; ++i)
-    text += QByteArray::number(i / 10 + 1) + "," + QByteArray::number(i) + ",FD," + QByteArray::number(10 + i % 7) +
-            ",12 3," + QByteArray::number(1 + i % 9) + ",1\r\n";
-  return text;
-}
-
-void AssignTrees() {
-  GridSession::Assign(1, "Plot ID", "");
-  GridSession::Assign(2, "Tree ID", "");
-  GridSession::Assign(3, "Species", "");
-  GridSession::Assign(4, "DBH", "cm");
-  GridSession::Assign(7, "Tree Count", "");
-}
-
-// Runs act on the window of this name once it is up, from inside its loop.
-void WhenWindowUp(const QString& name, std::function<void(QWidget*)> act) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, name, act] {
-    QWidget* window = Window(name);
-    if (window == nullptr || QApplication::activeModalWidget() != nullptr) {
-      if (window == nullptr || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr) return;
-    }
-    timer->stop();
-    timer->deleteLater();
-    act(window);
-  });
-  timer->start();
-}
-
-// Answers the next message box with a button, keeping its text.
-void WhenBox(QMessageBox::StandardButton button, QString* text) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, button, text] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr || !box->isVisible()) return;
-    timer->stop();
-    timer->deleteLater();
-    if (text != nullptr) *text = box->text();
-    box->button(button)->click();
-  });
-  timer->start();
-}
 
 QColor Background(QAbstractItemModel* model, int row, int column) {
   return model->data(model->index(row, column), Qt::BackgroundRole).value<QColor>();
 }
 
-// A click on a column's heading chooses the column.
-void ChooseColumn(frmHeadersWindow* window, int column) {
-  QHeaderView* heading = window->Table()->horizontalHeader();
-  QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
-                    QPoint(heading->sectionViewportPosition(column) + 10, heading->height() / 2));
-}
-
-// The grid's right-button menu over a cell, and its entry of this text.
-void ChooseFromMenu(frmHeadersWindow* window, const QString& entry) {
+// The grid's right-button menu over a cell of the rows, and its entry.
+void MenuOverCell(frmHeadersWindow* window, const QString& entry) {
   QTableView* table = window->Table();
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  auto chosen = std::make_shared<bool>(false);
-  QObject::connect(timer, &QTimer::timeout, [timer, entry, chosen] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr || !menu->isVisible()) return;
-    timer->stop();
-    timer->deleteLater();
-    for (QAction* action : menu->actions())
-      if (action->text() == entry && action->isEnabled()) {
-        *chosen = true;
-        menu->close();
-        action->trigger();
-        return;
-      }
-    menu->close();
-  });
-  timer->start();
-  QTest::mouseClick(table->viewport(), Qt::RightButton, Qt::NoModifier,
-                    table->visualRect(table->model()->index(2, 2)).center());
-  Settle();
-  QVERIFY2(*chosen, qPrintable(entry));
+  ChooseFromMenu(table->viewport(), table->visualRect(table->model()->index(2, 2)).center(), entry);
 }
 
 // A dialog lies wholly on the working area, centred over the grid.
@@ -186,7 +112,7 @@ class CommandDialogWindowsTest : public QObject {
       QVERIFY(dialog->isVisible());
       dialog->close();
     });
-    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    MenuOverCell(window, QStringLiteral("Find/Replace"));
     QVERIFY(seen);
     QCOMPARE(said, QStringLiteral("40 occurrences found and replaced."));
     QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("PL"));
@@ -206,7 +132,7 @@ class CommandDialogWindowsTest : public QObject {
       Settle();
       QTest::keyClick(dialog, Qt::Key_Escape);
     });
-    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    MenuOverCell(window, QStringLiteral("Find/Replace"));
     const QModelIndexList rows = window->Table()->selectionModel()->selectedRows();
     QCOMPARE(rows.size(), 1);
     QCOMPARE(rows.at(0).row(), 37);
@@ -230,7 +156,7 @@ class CommandDialogWindowsTest : public QObject {
       WhenBox(QMessageBox::Ok, &said);
       QTest::keyClick(Child<QLineEdit>(dialog, "txtExcludeText"), Qt::Key_Return);
     });
-    ChooseFromMenu(window, QStringLiteral("Exclude Rows Containing..."));
+    MenuOverCell(window, QStringLiteral("Exclude Rows Containing..."));
     QCOMPARE(said, QStringLiteral("6 rows excluded."));
     QCOMPARE(ExcludedLines(), (QStringList{"2", "9", "16", "23", "30", "37"}));
     QCOMPARE(TemplateCommandAt(1).CommandType, std::string("EXCLUDE_CONTAINING"));
@@ -253,9 +179,9 @@ class CommandDialogWindowsTest : public QObject {
       QTest::keyClicks(Child<QLineEdit>(dialog, "txtStartText"), QStringLiteral("1"));
       QTest::keyClick(Child<QLineEdit>(dialog, "txtStartText"), Qt::Key_Escape);
     });
-    ChooseFromMenu(window, QStringLiteral("Exclude Rows Starting With..."));
+    MenuOverCell(window, QStringLiteral("Exclude Rows Starting With..."));
     WhenWindowUp(QStringLiteral("frmExcludeStartingWith"), [&](QWidget* dialog) { dialog->close(); });
-    ChooseFromMenu(window, QStringLiteral("Exclude Rows Starting With..."));
+    MenuOverCell(window, QStringLiteral("Exclude Rows Starting With..."));
     QCOMPARE(Commands().CommandCount, 0);
     QVERIFY(ExcludedLines().isEmpty());
     QVERIFY(Window(QStringLiteral("frmExcludeStartingWith")) == nullptr);
@@ -345,7 +271,7 @@ class CommandDialogWindowsTest : public QObject {
       QTest::mouseClick(Child<QPushButton>(dialog, "cmdHelp"), Qt::LeftButton);
       QTest::mouseClick(Child<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
     });
-    ChooseFromMenu(window, QStringLiteral("Find/Replace"));
+    MenuOverCell(window, QStringLiteral("Find/Replace"));
     // The first match past the grid's row: one cell, and no command.
     QCOMPARE(window->Model()->data(window->Model()->index(0, 3)).toString(), QStringLiteral("PL"));
     QCOMPARE(window->Model()->data(window->Model()->index(1, 3)).toString(), QStringLiteral("FD"));
@@ -357,7 +283,7 @@ class CommandDialogWindowsTest : public QObject {
         QTest::mouseClick(Child<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
       });
       ChooseColumn(window, 3);
-      ChooseFromMenu(window, QString::fromLatin1(entry));
+      MenuOverCell(window, QString::fromLatin1(entry));
     }
     Commands().CommandCount = 2;
     TemplateCommandAt(1) = {"EXCLUDE_RANGE", "", "", -1, 1, 3, ""};

@@ -19,6 +19,7 @@
 #include <memory>
 
 #include "DesktopHome.h"
+#include "GridDialogs.h"
 #include "GridSession.h"
 #include "desktop/GridModel.h"
 #include "desktop/frmTemplateNameWindow.h"
@@ -37,60 +38,6 @@ void ChooseIn(QComboBox* box, const QString& text) {
   QVERIFY2(index >= 0, qPrintable(text));
   box->setCurrentIndex(index);
   emit box->activated(index);
-}
-
-// Runs act on the window of this name once it is up and no box is over it.
-void WhenWindowUp(const QString& name, std::function<void(QWidget*)> act) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  QObject::connect(timer, &QTimer::timeout, [timer, name, act] {
-    QWidget* window = Window(name);
-    if (window == nullptr || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    act(window);
-  });
-  timer->start();
-}
-
-void ChooseColumn(frmHeadersWindow* window, int column) {
-  QTableView* table = window->Table();
-  table->scrollTo(window->Model()->index(0, column));
-  QHeaderView* heading = table->horizontalHeader();
-  QTest::mouseClick(heading->viewport(), Qt::LeftButton, Qt::NoModifier,
-                    QPoint(heading->sectionViewportPosition(column) + 10, heading->height() / 2));
-}
-
-// The entry of the grid's right-button menu, opened over a cell or over
-// the strip of row selectors.
-void ChooseFromMenu(QWidget* where, QPoint at, const QString& entry) {
-  auto* timer = new QTimer;
-  timer->setInterval(0);
-  auto chosen = std::make_shared<bool>(false);
-  QObject::connect(timer, &QTimer::timeout, [timer, entry, chosen] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr || !menu->isVisible()) return;
-    timer->stop();
-    timer->deleteLater();
-    for (QAction* action : menu->actions())
-      if (action->text() == entry && action->isEnabled()) {
-        *chosen = true;
-        menu->close();
-        action->trigger();
-        return;
-      }
-    menu->close();
-  });
-  timer->start();
-  QTest::mouseClick(where, Qt::RightButton, Qt::NoModifier, at);
-  Settle();
-  QVERIFY2(*chosen, qPrintable(entry));
-}
-
-void ColumnMenu(frmHeadersWindow* window, int column, const QString& entry) {
-  ChooseColumn(window, column);
-  QTableView* table = window->Table();
-  ChooseFromMenu(table->viewport(), table->visualRect(window->Model()->index(1, column)).center(), entry);
 }
 
 // An exclusion dialog of the column menu, its text typed and OK pressed.
@@ -224,16 +171,9 @@ class CommandRoundTripTest : public QObject {
     QCOMPARE(session.boxes.back(), std::string("Translation completed."));
 
     // The same template, unattended.
-    QProcess run;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), session.Home());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), session.Home() + QStringLiteral("/.config"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    run.setProcessEnvironment(environment);
-    run.start(QStringLiteral(CORVALIN_BINARY_DIR "/bin/corvalin"),
-              {kSurvey, session.Home() + QStringLiteral("/unattended.tre"), QStringLiteral("mytrees")});
-    QVERIFY(run.waitForFinished(-1));
-    QCOMPARE(run.exitCode(), 0);
+    QCOMPARE(
+        session.RunUnattended(kSurvey, session.Home() + QStringLiteral("/unattended.tre"), QStringLiteral("mytrees")),
+        0);
     const QByteArray byHand = Contents(session.Home() + QStringLiteral("/byhand.tre"));
     QCOMPARE(byHand.count('\n'), kept);
     QCOMPARE(Contents(session.Home() + QStringLiteral("/unattended.tre")), byHand);

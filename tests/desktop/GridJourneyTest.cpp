@@ -208,17 +208,9 @@ class GridJourneyTest : public QObject {
     QVERIFY(QFile::exists(session.Work() + QStringLiteral("journey.cnv")));
 
     // The saved template in an unattended run on the same file.
-    QProcess run;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), session.Home());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), session.Home() + QStringLiteral("/.config"));
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    run.setProcessEnvironment(environment);
-    run.start(QStringLiteral(CORVALIN_BINARY_DIR "/bin/corvalin"),
-              {session.Home() + QStringLiteral("/trees.csv"), session.Home() + QStringLiteral("/unattended.tre"),
-               QStringLiteral("journey")});
-    QVERIFY(run.waitForFinished(120000));
-    QCOMPARE(run.exitCode(), 0);
+    QCOMPARE(session.RunUnattended(session.Home() + QStringLiteral("/trees.csv"),
+                                   session.Home() + QStringLiteral("/unattended.tre"), QStringLiteral("journey")),
+             0);
     QFile byHand(session.Home() + QStringLiteral("/out.tre"));
     QFile unattended(session.Home() + QStringLiteral("/unattended.tre"));
     QVERIFY(byHand.open(QIODevice::ReadOnly));

@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/QtTest>
@@ -56,6 +58,20 @@ class GridSession {
   }
 
   QString Home() const { return home_.path(); }
+  // The program run unattended in this HOME on an input, with a template;
+  // its exit status.
+  int RunUnattended(const QString& input, const QString& output, const QString& templateName) const {
+    QProcess run;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), Home());
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), Home() + QStringLiteral("/.config"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    run.setProcessEnvironment(environment);
+    run.start(QStringLiteral(CORVALIN_BINARY_DIR "/bin/corvalin"), {input, output, templateName});
+    // The run ends by itself; the test's own time limit bounds a hang.
+    if (!run.waitForFinished(-1)) return -1;
+    return run.exitStatus() == QProcess::NormalExit ? run.exitCode() : -1;
+  }
   QtToolkit& Toolkit() { return toolkit_; }
   QString Work() const { return home_.path() + QStringLiteral("/Documents/Orvanta/Work/"); }
 
@@ -133,5 +149,24 @@ class GridSession {
   QtToolkit toolkit_;
   QTimer* answering_ = nullptr;
 };
+
+// Plot, tree, species, DBH, damage, crown ratio, count: tree i on row i - 1.
+inline QByteArray Trees(int rows = 40) {
+  QByteArray text;
+  for (int i = 1; i <= rows; ++i)
+    text += QByteArray::number(i / 10 + 1) + "," + QByteArray::number(i) + ",FD," + QByteArray::number(10 + i % 7) +
+            ",12 3," + QByteArray::number(1 + i % 9) + ",1\r\n";
+  return text;
+}
+
+inline void AssignTrees() {
+  GridSession::Assign(1, "Plot ID", "");
+  GridSession::Assign(2, "Tree ID", "");
+  GridSession::Assign(3, "Species", "");
+  GridSession::Assign(4, "DBH", "cm");
+  GridSession::Assign(5, "Damage/Severity - 1", "");
+  GridSession::Assign(6, "Crown Ratio", "codes");
+  GridSession::Assign(7, "Tree Count", "");
+}
 
 }  // namespace corvalin::testing

@@ -26,28 +26,11 @@
 #include "worktable/clsDBEngine.h"
 
 using namespace corvalin;
+using corvalin::testing::AssignTrees;
 using corvalin::testing::GridSession;
+using corvalin::testing::Trees;
 
 namespace {
-
-// Plot, tree, species, DBH, damage, crown ratio, count: tree i on row i - 1.
-QByteArray Trees(int rows = 40) {
-  QByteArray text;
-  for (int i = 1; i <= rows; ++i)
-    text += QByteArray::number(i / 10 + 1) + "," + QByteArray::number(i) + ",FD," + QByteArray::number(10 + i % 7) +
-            ",12 3," + QByteArray::number(1 + i % 9) + ",1\r\n";
-  return text;
-}
-
-void AssignTrees() {
-  GridSession::Assign(1, "Plot ID", "");
-  GridSession::Assign(2, "Tree ID", "");
-  GridSession::Assign(3, "Species", "");
-  GridSession::Assign(4, "DBH", "cm");
-  GridSession::Assign(5, "Damage/Severity - 1", "");
-  GridSession::Assign(6, "Crown Ratio", "codes");
-  GridSession::Assign(7, "Tree Count", "");
-}
 
 QColor Background(QAbstractItemModel* model, int row, int column) {
   return model->data(model->index(row, column), Qt::BackgroundRole).value<QColor>();
