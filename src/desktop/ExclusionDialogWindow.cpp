@@ -13,7 +13,7 @@
 
 namespace corvalin {
 
-ExclusionDialogWindow::ExclusionDialogWindow(ExclusionDialog& screen) : ScreenWindow(screen) {
+ExclusionDialogWindow::ExclusionDialogWindow(ExclusionDialog& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QString::fromLatin1(screen.Name()));
   auto* form = new QFormLayout;
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -34,7 +34,8 @@ ScreenChanges AllChanged() {
   return all;
 }
 
-ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent) : QWidget(parent, Qt::Window), screen_(&screen) {
+ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags), screen_(&screen) {
   screen.Attach(this);
 }
 

@@ -28,7 +28,9 @@ class ScreenWindow : public QWidget, public ScreenView {
   Q_OBJECT
 
  public:
-  explicit ScreenWindow(Screen& screen, QWidget* parent = nullptr);
+  // A dialog (flags Qt::Dialog) gets a dialog's frame from the window
+  // manager: no buttons to make it small or large.
+  explicit ScreenWindow(Screen& screen, QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::Window);
   ~ScreenWindow() override;
 
   // The contract.

@@ -16,7 +16,7 @@
 
 namespace corvalin {
 
-frmDamageSeverityWindow::frmDamageSeverityWindow(frmDamageSeverity& screen) : ScreenWindow(screen) {
+frmDamageSeverityWindow::frmDamageSeverityWindow(frmDamageSeverity& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmDamageSeverity"));
   damageLabel_ = new QLabel(this);
   severityLabel_ = new QLabel(this);

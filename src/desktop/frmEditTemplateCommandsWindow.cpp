@@ -13,7 +13,7 @@
 
 namespace corvalin {
 
-frmEditTemplateCommandsWindow::frmEditTemplateCommandsWindow(frmEditTemplateCommands& screen) : ScreenWindow(screen) {
+frmEditTemplateCommandsWindow::frmEditTemplateCommandsWindow(frmEditTemplateCommands& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmEditTemplateCommands"));
   auto* caption = new QLabel(QStringLiteral("Template commands, run in this order:"), this);
   list_ = new QListWidget(this);

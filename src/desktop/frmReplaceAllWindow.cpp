@@ -13,7 +13,7 @@
 
 namespace corvalin {
 
-frmReplaceAllWindow::frmReplaceAllWindow(frmReplaceAll& screen) : ScreenWindow(screen) {
+frmReplaceAllWindow::frmReplaceAllWindow(frmReplaceAll& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmReplaceAll"));
   column_ = NewLabel(this, "lblColumn");
   findLabel_ = new QLabel(this);

@@ -15,7 +15,7 @@
 
 namespace corvalin {
 
-frmTemplateNameWindow::frmTemplateNameWindow(frmTemplateName& screen) : ScreenWindow(screen) {
+frmTemplateNameWindow::frmTemplateNameWindow(frmTemplateName& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmTemplateName"));
   label_ = new QLabel(this);
   name_ = NewEditableList(this, "cmbTemplateName", 20);
