@@ -16,18 +16,19 @@ namespace corvalin {
 
 namespace {
 
-// Clears a flag, and puts the pointer back, however the button's work ends:
-// a failure must not leave the button dead for the rest of the dialog.
+// The busy pointer and the guard of a button's work. The guard is cleared
+// however the work ends, so that a failure does not leave the button dead
+// for the rest of the dialog; the pointer goes back at the end of the work
+// only: after a failure it stays busy until the next routine sets it, as
+// after every failure.
 class SearchRun {
  public:
   explicit SearchRun(bool& active) : active_(active) {
     active_ = true;
     UI().SetBusyPointer(true);
   }
-  ~SearchRun() {
-    active_ = false;
-    UI().SetBusyPointer(false);
-  }
+  ~SearchRun() { active_ = false; }
+  void Done() { UI().SetBusyPointer(false); }
   SearchRun(const SearchRun&) = delete;
   SearchRun& operator=(const SearchRun&) = delete;
 
@@ -106,6 +107,7 @@ void frmReplaceAll::cmdFindNext_Click() {
     }
     if (found >= 0) SelectFound(found);
     EndOfSearch(column);
+    run.Done();
   });
 }
 
@@ -132,6 +134,7 @@ void frmReplaceAll::cmdReplace_Click() {
       ShowMessage("No match in current cell.");
     }
     EndOfSearch(column);
+    run.Done();
   });
 }
 

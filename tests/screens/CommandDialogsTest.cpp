@@ -392,6 +392,23 @@ TEST_F(CommandDialogsTest, FindNextWhileOneRunsDoesNothing) {
   EXPECT_TRUE(dialog.FindActive);
 }
 
+TEST_F(CommandDialogsTest, AFailedFindLeavesThePointerBusyAndTheButtonReady) {
+  Species({"FD"});
+  frmHeaders& headers = Grid();
+  frmReplaceAll& dialog = App().ReplaceAll();
+  headers.CurrentColumn = 31;
+  dialog.cmdFindNext_Click();
+  ASSERT_EQ(ui.Texts().size(), 1u);
+  EXPECT_EQ(ui.Texts()[0].substr(0, 7), "[3265] ");
+  EXPECT_TRUE(ui.busyPointer);
+  EXPECT_FALSE(dialog.FindActive);
+  headers.CurrentColumn = 2;
+  dialog.txtFind.Text = "FD";
+  dialog.cmdFindNext_Click();
+  EXPECT_EQ(SelectedLines(headers), std::vector<int>{1});
+  EXPECT_FALSE(ui.busyPointer);
+}
+
 TEST_F(CommandDialogsTest, ReplaceWritesTheCellFoundAndRecordsNoCommand) {
   Species({"FD", "PL", "FD"});
   Grid();
