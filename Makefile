@@ -28,7 +28,9 @@ configure: deps $(BUILD)/CMakeCache.txt
 build: configure
 	cmake --build $(BUILD)
 
-run: build
+# The program and its windows only: the tests are built by make test.
+run: configure
+	cmake --build $(BUILD) --target corvalin
 	./$(BUILD)/bin/corvalin $(ARGS)
 
 test: build

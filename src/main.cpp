@@ -25,6 +25,37 @@ bool Set(const char* name) {
 // An X or Wayland display: an unattended run shows its banner and boxes there.
 bool DisplayAvailable() { return Set("DISPLAY") || Set("WAYLAND_DISPLAY"); }
 
+// What "corvalin --help" prints.
+constexpr const char* kUsage =
+    "Usage: corvalin                           start the wizard (needs a display)\n"
+    "       corvalin INPUT OUTPUT TEMPLATE     translate INPUT into the tree list OUTPUT unattended\n"
+    "       corvalin --help | --version\n"
+    "\n"
+    "INPUT and OUTPUT are file paths without blanks, relative to the folder you\n"
+    "start in; TEMPLATE is a template's name as the wizard lists it (a .cnv file\n"
+    "of the Work folder, without the extension, in the same case).\n"
+    "\n"
+    "An unattended run writes one line to result.txt in the Work folder (chosen\n"
+    "at the first start; [Common] WorkDir in ~/.config/Orvanta/Orvanta.ini) and\n"
+    "ends with status 0 exactly when that line is \"TRANSLATION SUCCESSFUL\".\n"
+    "A file named \"--help\" or \"--version\" is given as ./--help.\n";
+
+// "--help" or "--version" alone on the command line: answered at once, with
+// nothing read or written of the settings or the Work folder.
+bool AnsweredOption(int argc, char** argv) {
+  if (argc != 2) return false;
+  const std::string option = argv[1];
+  if (option == "--help") {
+    std::fputs(kUsage, stdout);
+    return true;
+  }
+  if (option == "--version") {
+    std::printf("corvalin %s\n", CORVALIN_VERSION);
+    return true;
+  }
+  return false;
+}
+
 // Runs the start sequence; an ended process gives its status. An unattended
 // run that comes back without having written its result (a box reported a
 // failure of the start sequence, or the result file could not be written)
@@ -47,6 +78,7 @@ int main(int argc, char** argv) {
   using namespace corvalin;
   // Numbers in cells are read, and tree list numbers written, in the user's
   // own format (the decimal mark), in both run modes.
+  if (AnsweredOption(argc, argv)) return 0;
   std::setlocale(LC_ALL, "");
   SetStartFolder(StartFolder());
   SetCommandLine(JoinArguments(argc, argv));

@@ -62,13 +62,16 @@ pid_t StartCorvalin(const fs::path& home, const Launch& launch) {
   for (auto& e : env) envp.push_back(e.data());
   envp.push_back(nullptr);
   const fs::path errorsPath = ErrorsPath(home, launch);
+  const fs::path outputPath = home / "stdout.txt";
   const pid_t pid = ::fork();
   if (pid == 0) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (!launch.from.empty() && ::chdir(launch.from.c_str()) != 0) ::_exit(126);
     const int in = launch.standardInput >= 0 ? launch.standardInput : ::open("/dev/null", O_RDONLY);
     const int err = ::open(errorsPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    const int out = ::open(outputPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     ::dup2(in, 0);
+    ::dup2(out, 1);
     ::dup2(err, 2);
     ::execve(program.c_str(), argv.data(), envp.data());
     ::_exit(127);
@@ -94,6 +97,7 @@ ProgramRun Finished(const fs::path& home, const Launch& launch, int status, cons
   run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   run.peakKilobytes = usage.ru_maxrss;
   run.errors = ReadFile(ErrorsPath(home, launch));
+  run.output = ReadFile(home / "stdout.txt");
   return run;
 }
 

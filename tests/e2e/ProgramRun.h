@@ -15,6 +15,7 @@ namespace corvalin::testing {
 struct ProgramRun {
   int status = -1;
   std::string errors;  // what the program wrote to standard error
+  std::string output;  // what it wrote to standard output (home/stdout.txt)
   long peakKilobytes = 0;  // the largest resident set the process had
   long long bytesRead = 0;  // what it read through read calls, files and streams alike
   bool killed = false;      // it read past its limit and was killed

@@ -46,6 +46,32 @@ TEST_F(StartupEndToEnd, TheWizardWithoutADisplaySaysWhyAndEnds) {
   EXPECT_FALSE(ResultWritten());
 }
 
+TEST_F(StartupEndToEnd, HelpAndVersionAnswerOnStandardOutputAndTouchNothing) {
+  fs::remove_all(home / ".config");
+  const testing::ProgramRun help = testing::RunCorvalin(home, {"--help"}, home / "run");
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.errors, "");
+  EXPECT_EQ(help.output.substr(0, help.output.find('\n')),
+            "Usage: corvalin                           start the wizard (needs a display)");
+  EXPECT_NE(help.output.find("corvalin INPUT OUTPUT TEMPLATE"), std::string::npos);
+  EXPECT_NE(help.output.find("result.txt"), std::string::npos);
+  const testing::ProgramRun version = testing::RunCorvalin(home, {"--version"}, home / "run");
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.output, "corvalin 1.0.0\n");
+  // Neither read nor wrote the settings or the Work folder.
+  EXPECT_FALSE(fs::exists(home / ".config"));
+  EXPECT_FALSE(ResultWritten());
+}
+
+TEST_F(StartupEndToEnd, AFileNamedLikeAnOptionIsReachedByItsPath) {
+  fs::copy_file(home / "run" / "trees.csv", home / "run" / "--help");
+  // Three fields are a run, and the input's path its name: the run reads
+  // it (the template lacks what a translation needs, so it fails there).
+  EXPECT_NE(Corvalin({"./--help", "out.tre", "Sample"}), 0);
+  EXPECT_TRUE(ResultWritten());
+  EXPECT_NE(Result(), "Invalid input file path\\name: \r\n");
+}
+
 TEST_F(StartupEndToEnd, UnknownTemplateNameWritesUntrappedErrorAndFails) {
   const int status = Corvalin({"trees.csv", "out.tre", "Nope"});
   EXPECT_EQ(Result(), "Untrapped error.\r\n");
