@@ -4,6 +4,10 @@
 #include "desktop/frmConfigureWindow.h"
 #include "desktop/frmDamageSeverityWindow.h"
 #include "desktop/frmHeadersWindow.h"
+#include "desktop/frmLocationRecordWindow.h"
+#include "desktop/frmLocationWindow.h"
+#include "desktop/frmSlfRecordWindow.h"
+#include "desktop/frmSlfWindow.h"
 #include "desktop/frmTemplateNameWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
@@ -11,6 +15,10 @@
 #include "screens/frmConfigure.h"
 #include "screens/frmDamageSeverity.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmLocation.h"
+#include "screens/frmLocationRecord.h"
+#include "screens/frmSlf.h"
+#include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
 
@@ -26,6 +34,10 @@ void AttachDesktopViews() {
     if (auto* grid = dynamic_cast<frmHeaders*>(&screen)) new frmHeadersWindow(*grid);
     if (auto* damage = dynamic_cast<frmDamageSeverity*>(&screen)) new frmDamageSeverityWindow(*damage);
     if (auto* name = dynamic_cast<frmTemplateName*>(&screen)) new frmTemplateNameWindow(*name);
+    if (auto* standList = dynamic_cast<frmSlf*>(&screen)) new frmSlfWindow(*standList);
+    if (auto* standRecord = dynamic_cast<frmSlfRecord*>(&screen)) new frmSlfRecordWindow(*standRecord);
+    if (auto* locations = dynamic_cast<frmLocation*>(&screen)) new frmLocationWindow(*locations);
+    if (auto* location = dynamic_cast<frmLocationRecord*>(&screen)) new frmLocationRecordWindow(*location);
   };
 }
 

@@ -21,6 +21,8 @@ constexpr int16_t kStandListToken = 4;
 }  // namespace
 
 frmLocation::frmLocation() {
+  fraAddRecord.Caption = "Add Record";
+  fraEditRecord.Caption = "Edit Record";
   cmdInsertA.Caption = "Record A";
   cmdUp.Caption = "Up";
   cmdDown.Caption = "Down";

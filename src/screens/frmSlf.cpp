@@ -48,6 +48,9 @@ std::string SelectedLineOrEmpty(const ListControl& list) {
 }  // namespace
 
 frmSlf::frmSlf() {
+  lblVariant.Caption = "Variant:";
+  fraAddRecord.Caption = "Add Record";
+  fraEditRecord.Caption = "Edit Record";
   cmdInsertA.Caption = "Record A";
   cmdInsertB.Caption = "Record B";
   cmdInsertC.Caption = "Record C";
