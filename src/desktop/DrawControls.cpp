@@ -21,6 +21,14 @@ void DrawState(QWidget* widget, const Control& control) {
   widget->setVisible(control.Visible);
 }
 
+void DrawTabStop(QWidget* widget, const Control& control) {
+  const Qt::FocusPolicy policy = control.TabStop ? Qt::StrongFocus : Qt::ClickFocus;
+  widget->setFocusPolicy(policy);
+  // A list's own text field goes with it.
+  if (auto* list = qobject_cast<QComboBox*>(widget); list != nullptr && list->lineEdit() != nullptr)
+    list->lineEdit()->setFocusPolicy(policy);
+}
+
 void DrawCaption(QLabel* widget, const Label& label) {
   widget->setText(ToQt(label.Caption));
   widget->setStyleSheet(label.Red ? QStringLiteral("color: rgb(255, 0, 0)") : QString());

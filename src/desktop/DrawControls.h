@@ -22,6 +22,9 @@ namespace corvalin {
 
 void DrawState(QWidget* widget, const Control& control);
 void DrawCaption(QLabel* widget, const Label& label);
+// Whether Tab reaches the control: a control out of the keyboard order is
+// still reached by a click.
+void DrawTabStop(QWidget* widget, const Control& control);
 // A path label: the path in a read-only line, red when its file failed.
 void DrawPath(QLineEdit* widget, const Label& label);
 void DrawButton(QAbstractButton* widget, const Button& button);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -20,6 +21,10 @@ frmLocationRecordWindow::frmLocationRecordWindow(frmLocationRecord& screen) : Sc
   setObjectName(QStringLiteral("frmLocationRecord"));
   tabLocationRecords_ = new QTabWidget(this);
   tabLocationRecords_->setObjectName(QStringLiteral("tabLocationRecords"));
+  // Tab reaches the strip of tabs and the controls of the tab shown, not the
+  // frame around them.
+  tabLocationRecords_->setFocusPolicy(Qt::NoFocus);
+  tabLocationRecords_->tabBar()->setAccessibleName(QStringLiteral("Record Type"));
   auto* page = new QWidget;
   page->setObjectName(QStringLiteral("pageRecordA"));
   tabLocationRecords_->addTab(page, QString());
@@ -61,9 +66,7 @@ frmLocationRecordWindow::frmLocationRecordWindow(frmLocationRecord& screen) : Sc
   });
 }
 
-frmLocationRecord& frmLocationRecordWindow::Dialog() const {
-  return static_cast<frmLocationRecord&>(*DrawnScreen());
-}
+frmLocationRecord& frmLocationRecordWindow::Dialog() const { return static_cast<frmLocationRecord&>(*DrawnScreen()); }
 
 void frmLocationRecordWindow::Redraw(const ScreenChanges& changes) {
   if (!changes.controls || DrawnScreen() == nullptr) return;

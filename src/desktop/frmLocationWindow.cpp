@@ -85,8 +85,7 @@ frmLocationWindow::frmLocationWindow(frmLocation& screen) : ScreenWindow(screen)
 frmLocation& frmLocationWindow::Location() const { return static_cast<frmLocation&>(*DrawnScreen()); }
 
 QPushButton* frmLocationWindow::NewButton(const char* name, void (frmLocation::*event)()) {
-  return ScreenWindow::NewButton(name,
-                                 [this, event] { RunUnhandledEvent([this, event] { (Location().*event)(); }); });
+  return ScreenWindow::NewButton(name, [this, event] { RunUnhandledEvent([this, event] { (Location().*event)(); }); });
 }
 
 void frmLocationWindow::Redraw(const ScreenChanges& changes) {

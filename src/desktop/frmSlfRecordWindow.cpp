@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -22,6 +23,7 @@
 #include <iterator>
 
 #include "desktop/DrawControls.h"
+#include "desktop/Keyboard.h"
 #include "desktop/Latin1Text.h"
 #include "desktop/QtToolkit.h"
 #include "screens/frmSlfRecord.h"
@@ -105,6 +107,10 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
   setObjectName(QStringLiteral("frmSlfRecord"));
   tabSlfRecords_ = new QTabWidget(this);
   tabSlfRecords_->setObjectName(QStringLiteral("tabSlfRecords"));
+  // Tab reaches the strip of tabs and the controls of the tab shown, not the
+  // frame around them.
+  tabSlfRecords_->setFocusPolicy(Qt::NoFocus);
+  tabSlfRecords_->tabBar()->setAccessibleName(QStringLiteral("Record Type"));
   QWidget* pages[4];
   for (int tab = 0; tab < 4; ++tab) {
     pages[tab] = new QWidget;
@@ -117,11 +123,12 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
   {
     QWidget* page = pages[0];
     auto* grid = new QGridLayout;
-    grid->addWidget(NewHeading(page, "lblStandIdentificationCode1", &R::lblStandIdentificationCode1), 0, 0);
-    grid->addWidget(NewCombo(page, "cmbStandIdentificationCode1", &R::cmbStandIdentificationCode1, 12), 0, 1, 1, 3,
-                    Qt::AlignLeft);
-    grid->addWidget(NewHeading(page, "lblTreeDataSet1", &R::lblTreeDataSet1), 1, 0);
+    grid->addWidget(NewHeading(page, "lblStandIdentificationCode1", &R::lblStandIdentificationCode1,
+                               NewCombo(page, "cmbStandIdentificationCode1", &R::cmbStandIdentificationCode1, 12)),
+                    0, 0);
+    grid->addWidget(findChild<QComboBox*>(QStringLiteral("cmbStandIdentificationCode1")), 0, 1, 1, 3, Qt::AlignLeft);
     lblTreeDataSet_ = NewPathField(page, "lblTreeDataSet");
+    grid->addWidget(NewHeading(page, "lblTreeDataSet1", &R::lblTreeDataSet1, lblTreeDataSet_), 1, 0);
     // The path is read, not typed: Tab goes from the code to the buttons.
     lblTreeDataSet_->setFocusPolicy(Qt::ClickFocus);
     grid->addWidget(lblTreeDataSet_, 1, 1);
@@ -163,6 +170,9 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
     for (const VariantBox& variant : kVariantBoxes) {
       auto* check = new QCheckBox(fraApplicableVariants_);
       check->setObjectName(QString::fromLatin1(variant.name));
+      // Fifteen two-letter captions share fourteen letters: the buttons and
+      // fields of the tab have their keys first, the boxes take the rest.
+      check->setProperty(kAccessKeyServedLast, true);
       CheckBox R::*box = variant.box;
       OnPersonChange(check, this, [this, box](bool checked) { FireEvent([&](R& d) { (d.*box).Value = checked; }); });
       checks_.push_back({check, box});
@@ -191,15 +201,17 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
       for (int i = column * half; i < std::min(kRecordBRows, (column + 1) * half); ++i) {
         const RecordBRow& row = kRecordB[i];
         const int line = i - column * half;
-        grid->addWidget(NewHeading(block, row.labelName, row.label), line, 0);
+        QWidget* field = nullptr;
         if (row.box != nullptr) {
-          QLineEdit* field = NewText(block, row.fieldName, row.box);
-          if (row.box == &R::txtLongitude) txtLongitude_ = field;
-          if (row.box == &R::txtStockablePercent) txtStockablePercent_ = field;
-          grid->addWidget(field, line, 1);
+          QLineEdit* text = NewText(block, row.fieldName, row.box);
+          if (row.box == &R::txtLongitude) txtLongitude_ = text;
+          if (row.box == &R::txtStockablePercent) txtStockablePercent_ = text;
+          field = text;
         } else {
-          grid->addWidget(NewCombo(block, row.fieldName, row.combo, kNarrowList), line, 1);
+          field = NewCombo(block, row.fieldName, row.combo, kNarrowList);
         }
+        grid->addWidget(NewHeading(block, row.labelName, row.label, field), line, 0);
+        grid->addWidget(field, line, 1);
       }
       grid->setRowStretch(half, 1);
       layout->addWidget(block, 1);
@@ -210,11 +222,12 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
   {
     QWidget* page = pages[2];
     auto* grid = new QGridLayout(page);
-    grid->addWidget(NewHeading(page, "lblStandIdentificationCode3", &R::lblStandIdentificationCode3), 0, 0);
-    grid->addWidget(NewCombo(page, "cmbStandIdentificationCode3", &R::cmbStandIdentificationCode3, 12), 0, 1,
-                    Qt::AlignLeft);
-    grid->addWidget(NewHeading(page, "lblGroupCodes", &R::lblGroupCodes), 1, 0);
-    grid->addWidget(NewText(page, "txtGroupCodes", &R::txtGroupCodes), 1, 1);
+    QComboBox* code = NewCombo(page, "cmbStandIdentificationCode3", &R::cmbStandIdentificationCode3, 12);
+    grid->addWidget(NewHeading(page, "lblStandIdentificationCode3", &R::lblStandIdentificationCode3, code), 0, 0);
+    grid->addWidget(code, 0, 1, Qt::AlignLeft);
+    QLineEdit* groupCodes = NewText(page, "txtGroupCodes", &R::txtGroupCodes);
+    grid->addWidget(NewHeading(page, "lblGroupCodes", &R::lblGroupCodes, groupCodes), 1, 0);
+    grid->addWidget(groupCodes, 1, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(2, 1);
   }
@@ -223,11 +236,11 @@ frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(scre
   {
     QWidget* page = pages[3];
     auto* grid = new QGridLayout(page);
-    grid->addWidget(NewHeading(page, "lblStandIdentificationCode4", &R::lblStandIdentificationCode4), 0, 0);
-    grid->addWidget(NewCombo(page, "cmbStandIdentificationCode4", &R::cmbStandIdentificationCode4, 12), 0, 1,
-                    Qt::AlignLeft);
-    grid->addWidget(NewHeading(page, "lblDataSetNames", &R::lblDataSetNames), 1, 0, Qt::AlignTop);
+    QComboBox* code = NewCombo(page, "cmbStandIdentificationCode4", &R::cmbStandIdentificationCode4, 12);
+    grid->addWidget(NewHeading(page, "lblStandIdentificationCode4", &R::lblStandIdentificationCode4, code), 0, 0);
+    grid->addWidget(code, 0, 1, Qt::AlignLeft);
     lstDataSetNames_ = NewLineList(page, "lstDataSetNames", QStringLiteral("Add files"), 48);
+    grid->addWidget(NewHeading(page, "lblDataSetNames", &R::lblDataSetNames, lstDataSetNames_), 1, 0, Qt::AlignTop);
     grid->addWidget(lstDataSetNames_, 1, 1);
     cmdAdd_ = NewButton(page, "cmdAdd", &R::cmdAdd_Click);
     cmdSelectDataSetFile_ = NewButton(page, "cmdSelectDataSetFile", &R::cmdSelectDataSetFile_Click);
@@ -307,8 +320,11 @@ QLineEdit* frmSlfRecordWindow::NewText(QWidget* page, const char* name, TextBox 
   return widget;
 }
 
-QLabel* frmSlfRecordWindow::NewHeading(QWidget* page, const char* name, Label frmSlfRecord::*label) {
+QLabel* frmSlfRecordWindow::NewHeading(QWidget* page, const char* name, Label frmSlfRecord::*label, QWidget* field) {
   QLabel* widget = NewLabel(page, name);
+  // The four tabs lie one over the other: a heading is tied to its field
+  // here, not by where it stands.
+  widget->setBuddy(field);
   labels_.push_back({widget, label});
   return widget;
 }
@@ -372,6 +388,19 @@ void frmSlfRecordWindow::Redraw(const ScreenChanges& changes) {
     if (drawn.combo == &R::cmbDiameterGrowthTranslationCode || drawn.combo == &R::cmbHeightGrowthTranslationCode)
       widen(drawn.widget, combo, txtStockablePercent_, d.txtStockablePercent);
   }
+  // Only the controls of the record's own tab take part in the keyboard
+  // order (and so in the access keys and the names read out).
+  for (const DrawnText& drawn : texts_) DrawTabStop(drawn.widget, d.*drawn.box);
+  for (const DrawnCombo& drawn : combos_) DrawTabStop(drawn.widget, d.*drawn.combo);
+  for (const DrawnCheck& drawn : checks_) DrawTabStop(drawn.widget, d.*drawn.box);
+  DrawTabStop(cmdSelect_, d.cmdSelect);
+  DrawTabStop(cmdBareGround_, d.cmdBareGround);
+  DrawTabStop(optPlotBasedSiteDataYes_, d.optPlotBasedSiteDataYes);
+  DrawTabStop(optNo_, d.optNo);
+  DrawTabStop(lstDataSetNames_, d.lstDataSetNames);
+  DrawTabStop(cmdAdd_, d.cmdAdd);
+  DrawTabStop(cmdSelectDataSetFile_, d.cmdSelectDataSetFile);
+  DrawTabStop(cmdDelete_, d.cmdDelete);
   DrawPath(lblTreeDataSet_, d.lblTreeDataSet);
   DrawButton(cmdSelect_, d.cmdSelect);
   DrawButton(cmdBareGround_, d.cmdBareGround);
@@ -385,6 +414,9 @@ void frmSlfRecordWindow::Redraw(const ScreenChanges& changes) {
   DrawButton(cmdDelete_, d.cmdDelete);
   DrawButton(ok_, d.cmdOk);
   DrawButton(cancel_, d.cmdCancel);
+  // Record B's twenty-six headings need every letter there is; Enter and
+  // Escape press OK and Cancel there.
+  for (QPushButton* button : {ok_, cancel_}) button->setProperty(kAccessKeyServedLast, d.tabSlfRecords.Tab == 1);
   DrawButton(help_, d.cmdHelp);
 }
 

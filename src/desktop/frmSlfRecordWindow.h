@@ -42,7 +42,7 @@ class frmSlfRecordWindow : public ScreenWindow {
   QPushButton* NewButton(QWidget* page, const char* name, void (frmSlfRecord::*event)());
   QComboBox* NewCombo(QWidget* page, const char* name, ListControl frmSlfRecord::*combo, int characters);
   QLineEdit* NewText(QWidget* page, const char* name, TextBox frmSlfRecord::*box);
-  QLabel* NewHeading(QWidget* page, const char* name, Label frmSlfRecord::*label);
+  QLabel* NewHeading(QWidget* page, const char* name, Label frmSlfRecord::*label, QWidget* field);
 
   struct DrawnLabel {
     QLabel* widget;
