@@ -52,6 +52,8 @@ class frmLocation : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+  // How the location file is saved and left.
+  static RecordFileFlow FileFlow();
 
  protected:
   void DescribeControls(StateDigest& digest) const override;

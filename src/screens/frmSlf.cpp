@@ -33,10 +33,14 @@ constexpr int16_t kTreeDataSetToken = 3;
 // the line above it; record A has none to take.
 ListControl* CodeComboOfTab(frmSlfRecord& record, int tab) {
   switch (tab) {
-    case 1: return &record.cmbStandIdentificationCode2;
-    case 2: return &record.cmbStandIdentificationCode3;
-    case 3: return &record.cmbStandIdentificationCode4;
-    default: return nullptr;
+    case 1:
+      return &record.cmbStandIdentificationCode2;
+    case 2:
+      return &record.cmbStandIdentificationCode3;
+    case 3:
+      return &record.cmbStandIdentificationCode4;
+    default:
+      return nullptr;
   }
 }
 
@@ -156,41 +160,27 @@ void frmSlf::cmdValidate_Click() {
   if (ValidateStandList()) ShowMessage("Stand List File data validated.");
 }
 
-void frmSlf::cmdSave_Click() {
-  UI().SetBusyPointer(true);
-  if (ValidateStandList()) {
-    WriteStandListFile();
-    ShowMessage("Stand List File saved.");
-  }
-  UI().SetBusyPointer(false);
+// The stand list is validated before each writing.
+RecordFileFlow frmSlf::FileFlow() {
+  return {ValidateStandList, ValidateStandList, WriteStandListFile, "Stand List File saved.",
+          [] { return Run().StandListSaved; }};
 }
+
+// No handler: an error here passes on.
+void frmSlf::cmdSave_Click() { SaveRecordFile(FileFlow()); }
 
 void frmSlf::cmbNext_Click() {
-  RunEvent([&] {
-    UI().SetBusyPointer(true);
-    // With nothing changed since the load or the last saving the file is
-    // not looked at again, however it stands on disk.
-    if (!Run().StandListSaved) {
-      if (!ValidateStandList()) {
-        UI().SetBusyPointer(false);
-        return;
-      }
-      WriteStandListFile();
-      ShowMessage("Stand List File saved.");
-    }
-    HandOverTo(App().Location());
-    UI().SetBusyPointer(false);
-  });
+  RunEvent([&] { SaveIfChangedAndHandOver(FileFlow(), *this, [&]() -> Screen& { return App().Location(); }); });
 }
 
+// No handler: an error here passes on.
 void frmSlf::cmdBack_Click() {
-  UI().SetBusyPointer(true);
-  if (App().Template().chkTranslateFile.Checked()) {
-    HandOverTo(App().Headers());
-  } else {
-    HandOverTo(App().Template());
-  }
-  UI().SetBusyPointer(false);
+  // After a translation the way back is to the grid; otherwise to the first
+  // screen.
+  GoBack(*this, [&]() -> Screen& {
+    if (App().Template().chkTranslateFile.Checked()) return App().Headers();
+    return App().Template();
+  });
 }
 
 void frmSlf::cmdQuit_Click() { ConfirmQuit(); }

@@ -69,6 +69,8 @@ class frmSlf : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+  // How the stand list file is saved and left.
+  static RecordFileFlow FileFlow();
 
  protected:
   void DescribeControls(StateDigest& digest) const override;
