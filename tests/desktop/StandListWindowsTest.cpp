@@ -499,6 +499,92 @@ class StandListWindowsTest : public QObject, public WizardWindows {
     editor = Press(locations, "cmdBack", "frmSlf");
     QCOMPARE(Child<QListWidget>(editor, "lstSlf")->item(4)->text(), QStringLiteral("C st2 g1 @"));
   }
+
+  void anExistingStandListIsEditedValidatedFixedSavedAndLeftWithoutLoss() {
+    QWidget* editor = Editor(TwoStandsOutOfOrder());
+    QWidget* setup = nullptr;
+    auto* list = Child<QListWidget>(editor, "lstSlf");
+    QCOMPARE(Rows(list), TwoStandsOutOfOrder());
+
+    // An edit of record B.
+    ModalScript person;
+    person.Then([](QWidget* dialog) {
+      auto* year = Child<QLineEdit>(dialog, "txtInventoryYear");
+      year->selectAll();
+      QTest::keyClicks(year, QStringLiteral("1996"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    ClickRow(list, 1);
+    Child<QPushButton>(editor, "cmdEdit")->click();
+    Settle();
+    QVERIFY(person.Done());
+    const QString editedB =
+        QStringLiteral("B st1 1996 50.5 119.5 106  @ 1950 180 20 45 @ 10 @ 5 0 1 100 0 10 0 10 10 @ @ fd 22");
+    QCOMPARE(list->item(1)->text(), editedB);
+
+    // The second stand's record C follows its record A directly.
+    QString said;
+    person.ThenBox(QMessageBox::Ok, &said);
+    Child<QPushButton>(editor, "cmdValidate")->click();
+    Settle();
+    QCOMPARE(said, QStringLiteral("Record of type A must be followed by record of type B."));
+    QCOMPARE(list->currentRow(), 5);
+    // Saving and going on are refused; the file is as it was.
+    person.ThenBox(QMessageBox::Ok, &said);
+    Child<QPushButton>(editor, "cmdSave")->click();
+    Settle();
+    person.ThenBox(QMessageBox::Ok, &said);
+    Child<QPushButton>(editor, "cmbNext")->click();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(said, QStringLiteral("Record of type A must be followed by record of type B."));
+    QCOMPARE(ReadAll(slf_), CrLf(TwoStandsOutOfOrder()));
+    QVERIFY(Window(QStringLiteral("frmSlf")) == editor);
+
+    // The fix: a record B behind the record A, its code offered.
+    QString codeOffered;
+    person.Then([&](QWidget* dialog) {
+      codeOffered = Child<QComboBox>(dialog, "cmbStandIdentificationCode2")->currentText();
+      QTest::keyClicks(Child<QLineEdit>(dialog, "txtInventoryYear"), QStringLiteral("2001"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    ClickRow(list, 4);
+    Child<QPushButton>(editor, "cmdInsertB")->click();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(codeOffered, QStringLiteral("st2"));
+    const QStringList fixed{kOneStand[0],
+                            editedB,
+                            kOneStand[2],
+                            kOneStand[3],
+                            QStringLiteral("A st2 & NoPointData @"),
+                            QStringLiteral("B st2 2001 @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @ @"),
+                            QStringLiteral("C st2 g1 @")};
+    QCOMPARE(Rows(list), fixed);
+
+    // Back and on again: nothing was saved, nothing is lost.
+    setup = Press(editor, "cmdBack", "frmTemplate");
+    QCOMPARE(ReadAll(slf_), CrLf(TwoStandsOutOfOrder()));
+    editor = Press(setup, "cmdNext", "frmSlf");
+    list = Child<QListWidget>(editor, "lstSlf");
+    QCOMPARE(Rows(list), fixed);
+
+    person.ThenBox(QMessageBox::Ok, &said);
+    Child<QPushButton>(editor, "cmdValidate")->click();
+    Settle();
+    QCOMPARE(said, QStringLiteral("Stand List File data validated."));
+    person.ThenBox(QMessageBox::Ok, &said);
+    Child<QPushButton>(editor, "cmdSave")->click();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(said, QStringLiteral("Stand List File saved."));
+    QCOMPARE(ReadAll(slf_), CrLf(fixed));
+
+    setup = Press(editor, "cmdBack", "frmTemplate");
+    QCOMPARE(ReadAll(slf_), CrLf(fixed));
+    editor = Press(setup, "cmdNext", "frmSlf");
+    QCOMPARE(Rows(Child<QListWidget>(editor, "lstSlf")), fixed);
+  }
 };
 
 QTEST_MAIN(StandListWindowsTest)
