@@ -87,19 +87,27 @@ class ModalScript {
     QObject::connect(timer_, &QTimer::timeout, [this, timer = timer_] {
       QWidget* modal = QApplication::activeModalWidget();
       if (modal == nullptr || !modal->isVisible() || steps_.empty()) return;
+      // A step that lets events run (a Settle, say) is still at its window:
+      // the next step waits for a window the step brings up, or for the step
+      // to end.
+      if (actingOn_.contains(modal)) return;
       timer->stop();
       timer->deleteLater();
       timer_ = nullptr;
       Step step = std::move(steps_.front());
       steps_.pop_front();
       if (!steps_.empty()) Arm();
+      actingOn_.append(modal);
       step(modal);
+      actingOn_.removeLast();
     });
     timer_->start();
   }
 
   std::deque<Step> steps_;
   QTimer* timer_ = nullptr;
+  // The windows of the steps running, the outermost first.
+  QList<QWidget*> actingOn_;
 };
 
 // The first screen of a configured HOME set to edit files only, with the
