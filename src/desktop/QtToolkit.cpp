@@ -3,10 +3,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QDir>
-#include <QStyle>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
@@ -18,6 +17,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStringList>
+#include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <cstdio>
@@ -97,6 +97,16 @@ class AppendWindow : public QDialog {
   AppendChoice choice = AppendChoice::Closed;
 };
 
+// The window in front, over which boxes and file dialogs open. A window that
+// is hidden is none: the window manager may still name as active a window
+// that was just hidden, and one whose screen was unloaded is deleted once
+// Qt's loop runs again, which may be the loop of the box, taking the box
+// with it.
+QWidget* FrontWindow() {
+  QWidget* front = QApplication::activeWindow();
+  return front != nullptr && front->isVisible() ? front : nullptr;
+}
+
 }  // namespace
 
 QtToolkit::QtToolkit() = default;
@@ -108,21 +118,37 @@ QtToolkit::~QtToolkit() {
 
 Answer QtToolkit::Message(const MessageRequest& request) {
   // Over the window in front, centred on it.
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(FrontWindow());
   box.setWindowTitle(ToQt(request.title.empty() ? std::string(ApplicationTitle) : request.title));
   box.setText(ToQt(request.text));
   switch (request.icon) {
-    case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
-    case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
-    case Icon::Question: box.setIcon(QMessageBox::Question); break;
-    case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-    case Icon::Information: box.setIcon(QMessageBox::Information); break;
+    case Icon::None:
+      box.setIcon(QMessageBox::NoIcon);
+      break;
+    case Icon::Critical:
+      box.setIcon(QMessageBox::Critical);
+      break;
+    case Icon::Question:
+      box.setIcon(QMessageBox::Question);
+      break;
+    case Icon::Exclamation:
+      box.setIcon(QMessageBox::Warning);
+      break;
+    case Icon::Information:
+      box.setIcon(QMessageBox::Information);
+      break;
   }
   std::vector<std::pair<QMessageBox::StandardButton, Answer>> buttons;
   switch (request.buttons) {
-    case Buttons::OK: buttons = {{QMessageBox::Ok, Answer::OK}}; break;
-    case Buttons::OKCancel: buttons = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}}; break;
-    case Buttons::YesNo: buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}; break;
+    case Buttons::OK:
+      buttons = {{QMessageBox::Ok, Answer::OK}};
+      break;
+    case Buttons::OKCancel:
+      buttons = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}};
+      break;
+    case Buttons::YesNo:
+      buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}};
+      break;
     case Buttons::YesNoCancel:
       buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
       break;
@@ -146,12 +172,12 @@ Answer QtToolkit::Message(const MessageRequest& request) {
 
 std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
   if (AnswerFolderDialog) return AnswerFolderDialog(title, initialFolder).value_or("");
-  return PathFromQt(ChooseFolder(QApplication::activeWindow(), ToQt(title), PathToQt(initialFolder)));
+  return PathFromQt(ChooseFolder(FrontWindow(), ToQt(title), PathToQt(initialFolder)));
 }
 
 std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
   if (AnswerFileDialog) return AnswerFileDialog(request).value_or(request.fileName);
-  const QString chosen = ChooseFile(QApplication::activeWindow(), request);
+  const QString chosen = ChooseFile(FrontWindow(), request);
   if (chosen.isEmpty()) return request.fileName;
   return PathFromQt(chosen);
 }
@@ -159,8 +185,10 @@ std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
 void QtToolkit::SetBusyPointer(bool busy) {
   if (busy == busyPointer_) return;
   busyPointer_ = busy;
-  if (busy) QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-  else QApplication::restoreOverrideCursor();
+  if (busy)
+    QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+  else
+    QApplication::restoreOverrideCursor();
 }
 
 qint64 QtToolkit::Now() const {

@@ -372,6 +372,8 @@ void frmSlfRecordWindow::Redraw(const ScreenChanges& changes) {
     const ListControl& combo = d.*drawn.combo;
     DrawEditableList(drawn.widget, combo);
     DrawState(drawn.widget, combo);
+    // A row longer than its field shows from its start, its code.
+    if (!drawn.widget->lineEdit()->hasFocus()) drawn.widget->lineEdit()->setCursorPosition(0);
   }
   for (const DrawnCheck& drawn : checks_) DrawCheck(drawn.widget, d.*drawn.box);
   // A widened list opens as wide as the screen made it: its width in twips

@@ -193,13 +193,18 @@ bool frmSlf::Form_QueryUnload(CloseReason reason) {
 }
 
 bool ValidateStandList() {
-  ListControl& list = App().Slf().lstSlf;
-  const int before = list.ListIndex;
+  frmSlf& slf = App().Slf();
+  ListControl& list = slf.lstSlf;
   // The walk moves the selection to the offending line before it shows its
-  // message, so the line is selected while the message is read.
-  const bool valid = CheckStandListSequence(list.Items, list.ListIndex);
-  if (list.ListIndex != before) SelectRecordLine(list, list.ListIndex, App().Slf().LineButtons());
-  return valid;
+  // message; as a list box's selection does, the move runs the list's click,
+  // so the line and its buttons are as they should be while the message is
+  // read. A selection that stays where it was runs no click.
+  int shown = list.ListIndex;
+  return CheckStandListSequence(list.Items, list.ListIndex, [&] {
+    if (list.ListIndex == shown) return;
+    shown = list.ListIndex;
+    SelectRecordLine(list, list.ListIndex, slf.LineButtons());
+  });
 }
 
 void WriteStandListFile() {

@@ -468,19 +468,28 @@ class StandListWindowsTest : public QObject, public WizardWindows {
     QCOMPARE(elevation, QStringLiteral("Elevation (ft x 100):"));
   }
 
-  void validationSaysWhatIsOutOfOrderAndSelectsTheLine() {
+  void validationSaysWhatIsOutOfOrderWithTheLineAndItsButtonsSelected() {
     QWidget* editor = Editor(TwoStandsOutOfOrder());
     auto* list = Child<QListWidget>(editor, "lstSlf");
     QString said;
-    ModalScript person;
-    person.ThenBox(QMessageBox::Ok, &said);
     int selectedWhileSaid = -1;
-    person.Then([&](QWidget*) {});
+    QStringList buttonsWhileSaid;
+    ModalScript person;
+    person.Then([&](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      if (box == nullptr) qFatal("a box was due, not %s", qPrintable(modal->objectName()));
+      said = box->text();
+      selectedWhileSaid = list->currentRow();
+      buttonsWhileSaid = ButtonStates(editor);
+      box->button(QMessageBox::Ok)->click();
+    });
     Child<QPushButton>(editor, "cmdValidate")->click();
     Settle();
-    selectedWhileSaid = list->currentRow();
+    QVERIFY(person.Done());
     QCOMPARE(said, QStringLiteral("Record of type A must be followed by record of type B."));
     QCOMPARE(selectedWhileSaid, 5);
+    QCOMPARE(buttonsWhileSaid, (QStringList{"cmdUp", "cmdEdit", "cmdDelete"}));
+    QCOMPARE(list->currentRow(), 5);
   }
 
   void nextWithoutAChangeSavesNothingAndBackKeepsTheEdits() {
