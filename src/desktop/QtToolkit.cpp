@@ -3,9 +3,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDir>
+#include <QStyle>
 #include <QDesktopServices>
 #include <QDialog>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
@@ -17,7 +18,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStringList>
-#include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <cstdio>
@@ -122,33 +122,17 @@ Answer QtToolkit::Message(const MessageRequest& request) {
   box.setWindowTitle(ToQt(request.title.empty() ? std::string(ApplicationTitle) : request.title));
   box.setText(ToQt(request.text));
   switch (request.icon) {
-    case Icon::None:
-      box.setIcon(QMessageBox::NoIcon);
-      break;
-    case Icon::Critical:
-      box.setIcon(QMessageBox::Critical);
-      break;
-    case Icon::Question:
-      box.setIcon(QMessageBox::Question);
-      break;
-    case Icon::Exclamation:
-      box.setIcon(QMessageBox::Warning);
-      break;
-    case Icon::Information:
-      box.setIcon(QMessageBox::Information);
-      break;
+    case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
+    case Icon::Question: box.setIcon(QMessageBox::Question); break;
+    case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case Icon::Information: box.setIcon(QMessageBox::Information); break;
   }
   std::vector<std::pair<QMessageBox::StandardButton, Answer>> buttons;
   switch (request.buttons) {
-    case Buttons::OK:
-      buttons = {{QMessageBox::Ok, Answer::OK}};
-      break;
-    case Buttons::OKCancel:
-      buttons = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}};
-      break;
-    case Buttons::YesNo:
-      buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}};
-      break;
+    case Buttons::OK: buttons = {{QMessageBox::Ok, Answer::OK}}; break;
+    case Buttons::OKCancel: buttons = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}}; break;
+    case Buttons::YesNo: buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}}; break;
     case Buttons::YesNoCancel:
       buttons = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}, {QMessageBox::Cancel, Answer::Cancel}};
       break;
@@ -185,10 +169,8 @@ std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
 void QtToolkit::SetBusyPointer(bool busy) {
   if (busy == busyPointer_) return;
   busyPointer_ = busy;
-  if (busy)
-    QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-  else
-    QApplication::restoreOverrideCursor();
+  if (busy) QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+  else QApplication::restoreOverrideCursor();
 }
 
 qint64 QtToolkit::Now() const {

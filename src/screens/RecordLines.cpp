@@ -55,8 +55,8 @@ void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placehol
   }
 }
 
-void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons, Screen& dialog,
-                        const std::function<void()>& prepare) {
+void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons,
+                        Screen& dialog, const std::function<void()>& prepare) {
   InsertPlaceholder(list, placeholder, buttons);
   prepare();
   App().ShowModal(dialog);

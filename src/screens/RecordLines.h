@@ -41,8 +41,8 @@ void RemovePlaceholderIfCancelled(ListControl& list, const std::string& placehol
 // A new record's dialog, already loaded: the placeholder goes behind the
 // selection, prepare sets the dialog up, the dialog runs modally, and the
 // placeholder goes again when the dialog was cancelled.
-void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons, Screen& dialog,
-                        const std::function<void()>& prepare);
+void RunNewRecordDialog(ListControl& list, const std::string& placeholder, RecordLineButtons buttons,
+                        Screen& dialog, const std::function<void()>& prepare);
 
 // Removes the selected line and selects the line now at its index, else the
 // last line; with no line left, the four buttons are disabled. With nothing

@@ -140,8 +140,8 @@ void WriteLocationFile() {
 
 void frmLocation::DescribeControls(StateDigest& digest) const {
   Screen::DescribeControls(digest);
-  digest << lstLocation << cmdInsertA << cmdUp << cmdDown << cmdEdit << cmdDelete << cmdSave << cmdDone << cmdBack
-         << cmdQuit << cmdHelp;
+  digest << lstLocation << cmdInsertA << cmdUp << cmdDown << cmdEdit << cmdDelete << cmdSave << cmdDone << cmdBack << cmdQuit
+         << cmdHelp;
 }
 
 }  // namespace corvalin

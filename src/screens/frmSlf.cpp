@@ -33,14 +33,10 @@ constexpr int16_t kTreeDataSetToken = 3;
 // the line above it; record A has none to take.
 ListControl* CodeComboOfTab(frmSlfRecord& record, int tab) {
   switch (tab) {
-    case 1:
-      return &record.cmbStandIdentificationCode2;
-    case 2:
-      return &record.cmbStandIdentificationCode3;
-    case 3:
-      return &record.cmbStandIdentificationCode4;
-    default:
-      return nullptr;
+    case 1: return &record.cmbStandIdentificationCode2;
+    case 2: return &record.cmbStandIdentificationCode3;
+    case 3: return &record.cmbStandIdentificationCode4;
+    default: return nullptr;
   }
 }
 

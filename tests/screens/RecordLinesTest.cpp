@@ -215,8 +215,8 @@ TEST_F(RecordLinesTest, FileLinesEndAtCrCrLfOrLfAndAreAddedBehindThoseThere) {
   WriteFile(path, std::string("one\r\ntwo\rthree\n\r\nfive \x00\xff end", 28));
   SetList({"kept"}, -1);
   AddFileLines(list, path.string());
-  EXPECT_EQ(list.Items,
-            (std::vector<std::string>{"kept", "one", "two", "three", "", std::string("five \x00\xff end", 11)}));
+  EXPECT_EQ(list.Items, (std::vector<std::string>{"kept", "one", "two", "three", "",
+                                                  std::string("five \x00\xff end", 11)}));
   EXPECT_EQ(list.ListIndex, -1);
 }
 
