@@ -370,10 +370,12 @@ void frmSlfRecordWindow::Redraw(const ScreenChanges& changes) {
   for (const DrawnText& drawn : texts_) DrawText(drawn.widget, d.*drawn.box);
   for (const DrawnCombo& drawn : combos_) {
     const ListControl& combo = d.*drawn.combo;
+    const QString shown = drawn.widget->lineEdit()->text();
     DrawEditableList(drawn.widget, combo);
     DrawState(drawn.widget, combo);
-    // A row longer than its field shows from its start, its code.
-    if (!drawn.widget->lineEdit()->hasFocus()) drawn.widget->lineEdit()->setCursorPosition(0);
+    // A row the program puts in, longer than its field, shows from its
+    // start, its code; what the person types stays where it is typed.
+    if (drawn.widget->lineEdit()->text() != shown) drawn.widget->lineEdit()->setCursorPosition(0);
   }
   for (const DrawnCheck& drawn : checks_) DrawCheck(drawn.widget, d.*drawn.box);
   // A widened list opens as wide as the screen made it: its width in twips

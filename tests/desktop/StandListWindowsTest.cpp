@@ -594,6 +594,84 @@ class StandListWindowsTest : public QObject, public WizardWindows {
     editor = Press(setup, "cmdNext", "frmSlf");
     QCOMPARE(Rows(Child<QListWidget>(editor, "lstSlf")), fixed);
   }
+
+  void theFieldRulesOfRecordBAsTyped() {
+    QWidget* editor = Editor(kOneStand);
+    auto* list = Child<QListWidget>(editor, "lstSlf");
+    QStringList said;
+    const auto answer = [&said](ModalScript& person) {
+      person.Then([&said](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        if (box == nullptr) qFatal("a box was due, not %s", qPrintable(modal->objectName()));
+        said << box->text();
+        box->button(QMessageBox::Ok)->click();
+      });
+    };
+    const auto type = [](QWidget* dialog, const char* name, const QString& text) {
+      auto* edit = qobject_cast<QLineEdit*>(Child<QWidget>(dialog, name));
+      if (edit == nullptr) edit = Child<QComboBox>(dialog, name)->lineEdit();
+      edit->selectAll();
+      QTest::keyClick(edit, Qt::Key_Backspace);
+      QTest::keyClicks(edit, text);
+    };
+    ModalScript person;
+    person.Then([&](QWidget* dialog) {
+      type(dialog, "cmbStandIdentificationCode2", QStringLiteral("stand0009"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    answer(person);
+    person.Then([&](QWidget* dialog) {
+      type(dialog, "cmbStandIdentificationCode2", QStringLiteral("stand008"));
+      type(dialog, "txtSiteIndex", QStringLiteral("22 m"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    answer(person);
+    person.Then([&](QWidget* dialog) {
+      type(dialog, "txtSiteIndex", QStringLiteral("22m"));
+      type(dialog, "txtLatitude", QStringLiteral("50.5.1"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    answer(person);
+    person.Then([&](QWidget* dialog) {
+      type(dialog, "txtLatitude", QStringLiteral("."));
+      type(dialog, "txtAspect", QString());
+      type(dialog, "cmbLocation", QStringLiteral("abcdef"));
+      Child<QPushButton>(dialog, "cmdOk")->click();
+    });
+    ClickRow(list, 1);
+    Child<QPushButton>(editor, "cmdEdit")->click();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(said, (QStringList{"Stand Identification Code must be 8 characters or less.", "Invalid Site Index.",
+                                "Invalid Latitude value."}));
+    // The location keeps its first four characters; a blank aspect is "@".
+    QCOMPARE(list->item(1)->text(),
+             QStringLiteral("B stand008 1995 . 119.5 abcd @ 1950 @ 20 45 @ 10 @ 5 0 1 100 0 10 0 10 10 @ @ fd 22m"));
+
+    // Opened again, the four characters stand in the list's field, as no row
+    // matches them.
+    QString location;
+    person.Then([&](QWidget* dialog) {
+      location = Child<QComboBox>(dialog, "cmbLocation")->currentText();
+      Child<QPushButton>(dialog, "cmdCancel")->click();
+    });
+    Child<QPushButton>(editor, "cmdEdit")->click();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(location, QStringLiteral("abcd"));
+  }
+
+  void theCloseBoxAsksTheQuitQuestionAndNoKeepsTheEditor() {
+    QWidget* editor = Editor(kOneStand);
+    QString asked;
+    ModalScript person;
+    person.ThenBox(QMessageBox::No, &asked);
+    editor->close();
+    Settle();
+    QVERIFY(person.Done());
+    QCOMPARE(asked, QStringLiteral("Do you really want to quit?"));
+    QVERIFY(Window(QStringLiteral("frmSlf")) == editor);
+  }
 };
 
 QTEST_MAIN(StandListWindowsTest)
