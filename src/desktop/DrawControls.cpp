@@ -5,7 +5,9 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QFontDatabase>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -17,6 +19,14 @@ namespace corvalin {
 void DrawState(QWidget* widget, const Control& control) {
   widget->setEnabled(control.Enabled);
   widget->setVisible(control.Visible);
+}
+
+void DrawTabStop(QWidget* widget, const Control& control) {
+  const Qt::FocusPolicy policy = control.TabStop ? Qt::StrongFocus : Qt::ClickFocus;
+  widget->setFocusPolicy(policy);
+  // A list's own text field goes with it.
+  if (auto* list = qobject_cast<QComboBox*>(widget); list != nullptr && list->lineEdit() != nullptr)
+    list->lineEdit()->setFocusPolicy(policy);
 }
 
 void DrawCaption(QLabel* widget, const Label& label) {
@@ -92,6 +102,26 @@ void DrawEditableList(QComboBox* widget, const ListControl& list) {
   if (widget->lineEdit()->text() != ToQt(list.Text)) widget->setEditText(ToQt(list.Text));
 }
 
+void DrawListBox(QListWidget* widget, const ListControl& list) {
+  const QSignalBlocker block(widget);
+  QStringList rows;
+  for (const std::string& item : list.Items) rows << ToQt(item);
+  QStringList shown;
+  for (int i = 0; i < widget->count(); ++i) shown << widget->item(i)->text();
+  if (shown != rows) {
+    widget->clear();
+    widget->addItems(rows);
+  }
+  if (list.ListIndex >= 0 && list.ListIndex < widget->count()) {
+    widget->setCurrentRow(list.ListIndex);
+    widget->scrollToItem(widget->item(list.ListIndex));
+  } else {
+    widget->setCurrentRow(-1);
+    widget->clearSelection();
+  }
+  DrawState(widget, list);
+}
+
 QLabel* NewLabel(QWidget* parent, const char* name) {
   auto* label = new QLabel(parent);
   label->setObjectName(QString::fromLatin1(name));
@@ -112,6 +142,16 @@ QComboBox* NewEditableList(QWidget* parent, const char* name, int characters) {
   list->setEditable(true);
   list->setInsertPolicy(QComboBox::NoInsert);
   list->setMinimumContentsLength(characters);
+  return list;
+}
+
+QListWidget* NewLineList(QWidget* parent, const char* name, const QString& accessibleName, int characters) {
+  auto* list = new QListWidget(parent);
+  list->setObjectName(QString::fromLatin1(name));
+  list->setAccessibleName(accessibleName);
+  list->setSelectionMode(QAbstractItemView::SingleSelection);
+  list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  list->setMinimumWidth(list->fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + 24);
   return list;
 }
 

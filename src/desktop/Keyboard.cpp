@@ -120,6 +120,15 @@ void GiveAccessKeys(QWidget* window) {
     return control->isEnabled() && !control->isHidden();
   };
   std::stable_partition(owners.begin(), owners.end(), usable);
+  // Of those, a control marked to be served last (one of a block of many
+  // short captions that cannot all have a letter of their own) takes what
+  // the others leave.
+  auto servedFirst = [&usable](QWidget* owner) {
+    auto* label = qobject_cast<QLabel*>(owner);
+    QWidget* control = label != nullptr ? label->buddy() : owner;
+    return usable(owner) && !control->property(kAccessKeyServedLast).toBool();
+  };
+  const auto lastBatch = std::stable_partition(owners.begin(), owners.end(), servedFirst);
   std::vector<std::string> captions;
   std::vector<QString> plain;
   for (QWidget* owner : owners) {
@@ -129,7 +138,15 @@ void GiveAccessKeys(QWidget* window) {
     // Captions are single-byte text: one character, one position.
     captions.push_back(text.toLatin1().toStdString());
   }
-  const std::vector<int> keys = ChooseMnemonics(captions);
+  // Those served last choose among the letters the others left, and never
+  // move one of the others to another letter.
+  const auto firstCount = lastBatch - owners.begin();
+  std::vector<int> keys = ChooseMnemonics({captions.begin(), captions.begin() + firstCount});
+  std::string taken;
+  for (std::size_t i = 0; i < keys.size(); ++i)
+    if (keys[i] >= 0) taken += captions[i][static_cast<std::size_t>(keys[i])];
+  const std::vector<int> lastKeys = ChooseMnemonics({captions.begin() + firstCount, captions.end()}, taken);
+  keys.insert(keys.end(), lastKeys.begin(), lastKeys.end());
   for (std::size_t i = 0; i < owners.size(); ++i) {
     const QString text = WithAccessKey(plain[i], keys[i]);
     if (auto* label = qobject_cast<QLabel*>(owners[i])) {

@@ -16,6 +16,9 @@ namespace corvalin {
 QList<QWidget*> ReadingOrder(QWidget* window);
 // Sets the Tab order of the window's controls to their reading order.
 void OrderTabsByReading(QWidget* window);
+// The property that marks a control to be served last when access keys are
+// given: the controls a person can use now without it come first.
+inline constexpr const char* kAccessKeyServedLast = "accessKeyServedLast";
 // Gives the window's buttons, check boxes, options and the labels of its
 // fields access keys that no two of them share, chosen in reading order
 // from their captions as they stand now. Called again after the captions

@@ -97,6 +97,16 @@ class AppendWindow : public QDialog {
   AppendChoice choice = AppendChoice::Closed;
 };
 
+// The window in front, over which boxes and file dialogs open. A window that
+// is hidden is none: the window manager may still name as active a window
+// that was just hidden, and one whose screen was unloaded is deleted once
+// Qt's loop runs again, which may be the loop of the box, taking the box
+// with it.
+QWidget* FrontWindow() {
+  QWidget* front = QApplication::activeWindow();
+  return front != nullptr && front->isVisible() ? front : nullptr;
+}
+
 }  // namespace
 
 QtToolkit::QtToolkit() = default;
@@ -108,7 +118,7 @@ QtToolkit::~QtToolkit() {
 
 Answer QtToolkit::Message(const MessageRequest& request) {
   // Over the window in front, centred on it.
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(FrontWindow());
   box.setWindowTitle(ToQt(request.title.empty() ? std::string(ApplicationTitle) : request.title));
   box.setText(ToQt(request.text));
   switch (request.icon) {
@@ -146,12 +156,12 @@ Answer QtToolkit::Message(const MessageRequest& request) {
 
 std::string QtToolkit::BrowseForFolder(const std::string& title, const std::string& initialFolder) {
   if (AnswerFolderDialog) return AnswerFolderDialog(title, initialFolder).value_or("");
-  return PathFromQt(ChooseFolder(QApplication::activeWindow(), ToQt(title), PathToQt(initialFolder)));
+  return PathFromQt(ChooseFolder(FrontWindow(), ToQt(title), PathToQt(initialFolder)));
 }
 
 std::string QtToolkit::ShowFileDialog(const FileDialogRequest& request) {
   if (AnswerFileDialog) return AnswerFileDialog(request).value_or(request.fileName);
-  const QString chosen = ChooseFile(QApplication::activeWindow(), request);
+  const QString chosen = ChooseFile(FrontWindow(), request);
   if (chosen.isEmpty()) return request.fileName;
   return PathFromQt(chosen);
 }

@@ -6,7 +6,11 @@
 #include "desktop/frmDamageSeverityWindow.h"
 #include "desktop/frmEditTemplateCommandsWindow.h"
 #include "desktop/frmHeadersWindow.h"
+#include "desktop/frmLocationRecordWindow.h"
+#include "desktop/frmLocationWindow.h"
 #include "desktop/frmReplaceAllWindow.h"
+#include "desktop/frmSlfRecordWindow.h"
+#include "desktop/frmSlfWindow.h"
 #include "desktop/frmTemplateNameWindow.h"
 #include "desktop/frmTemplateWindow.h"
 #include "screens/Application.h"
@@ -16,7 +20,11 @@
 #include "screens/frmDamageSeverity.h"
 #include "screens/frmEditTemplateCommands.h"
 #include "screens/frmHeaders.h"
+#include "screens/frmLocation.h"
+#include "screens/frmLocationRecord.h"
 #include "screens/frmReplaceAll.h"
+#include "screens/frmSlf.h"
+#include "screens/frmSlfRecord.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
 
@@ -35,6 +43,10 @@ void AttachDesktopViews() {
     if (auto* exclusion = dynamic_cast<ExclusionDialog*>(&screen)) new ExclusionDialogWindow(*exclusion);
     if (auto* replace = dynamic_cast<frmReplaceAll*>(&screen)) new frmReplaceAllWindow(*replace);
     if (auto* editor = dynamic_cast<frmEditTemplateCommands*>(&screen)) new frmEditTemplateCommandsWindow(*editor);
+    if (auto* standList = dynamic_cast<frmSlf*>(&screen)) new frmSlfWindow(*standList);
+    if (auto* standRecord = dynamic_cast<frmSlfRecord*>(&screen)) new frmSlfRecordWindow(*standRecord);
+    if (auto* locations = dynamic_cast<frmLocation*>(&screen)) new frmLocationWindow(*locations);
+    if (auto* location = dynamic_cast<frmLocationRecord*>(&screen)) new frmLocationRecordWindow(*location);
   };
 }
 

@@ -6,7 +6,9 @@
 #include "screens/Screen.h"
 #include "shell/AppUtil.h"
 #include "shell/Error.h"
+#include "shell/Failure.h"
 #include "shell/Text.h"
+#include "shell/Toolkit.h"
 #include "standlist/StandLevelFile.h"
 #include "worktable/InputLines.h"
 
@@ -127,6 +129,41 @@ void LoadRecordLines(ListControl& list, const std::string& path, int16_t pathTok
   } else if (list.ListIndex < 0) {
     SelectRecordLine(list, 0, buttons);
   }
+}
+
+namespace {
+
+bool Passes(const std::function<bool()>& validate) { return !validate || validate(); }
+
+}  // namespace
+
+void SaveRecordFile(const RecordFileFlow& flow) {
+  UI().SetBusyPointer(true);
+  if (Passes(flow.validateOnSave)) {
+    flow.write();
+    ShowMessage(flow.savedMessage);
+  }
+  UI().SetBusyPointer(false);
+}
+
+void SaveIfChangedAndHandOver(const RecordFileFlow& flow, Screen& from, const std::function<Screen&()>& next) {
+  UI().SetBusyPointer(true);
+  if (!flow.unchanged()) {
+    if (!Passes(flow.validateOnLeaving)) {
+      UI().SetBusyPointer(false);
+      return;
+    }
+    flow.write();
+    ShowMessage(flow.savedMessage);
+  }
+  from.HandOverTo(next());
+  UI().SetBusyPointer(false);
+}
+
+void GoBack(Screen& from, const std::function<Screen&()>& previous) {
+  UI().SetBusyPointer(true);
+  from.HandOverTo(previous());
+  UI().SetBusyPointer(false);
 }
 
 }  // namespace corvalin

@@ -71,4 +71,32 @@ int FirstRecordOfFile(const ListControl& list, int16_t pathToken, const std::str
 void LoadRecordLines(ListControl& list, const std::string& path, int16_t pathToken, const std::string& currentFile,
                      RecordLineButtons buttons);
 
+// How an editor's file is saved and left: the same steps for the stand list
+// and the location file, which differ only in these.
+struct RecordFileFlow {
+  // Whether the lines may be written; the stand list's sequence rules, which
+  // are also what the location editor's Done asks for. Empty: always.
+  std::function<bool()> validateOnSave;
+  std::function<bool()> validateOnLeaving;
+  // Writes every line; reports its own failure and returns.
+  std::function<void()> write;
+  // The message that follows a writing.
+  const char* savedMessage;
+  // Nothing changed since the load or the last saving.
+  std::function<bool()> unchanged;
+};
+
+// Save: under the busy pointer, the lines validated as the editor asks,
+// written, and the message. A refusal resets the busy pointer; a failure
+// leaves it busy for whoever handles it.
+void SaveRecordFile(const RecordFileFlow& flow);
+// Next or Done: with nothing changed the next screen takes this one's place
+// at once, however the file stands on disk; otherwise the lines are
+// validated, written and said to be saved first, and a refusal stays. The
+// next screen is asked for (and so loaded) only when it is gone to.
+void SaveIfChangedAndHandOver(const RecordFileFlow& flow, Screen& from, const std::function<Screen&()>& next);
+// Back: under the busy pointer, the screen before takes this one's place,
+// nothing saved or asked; the lines stay for the next showing.
+void GoBack(Screen& from, const std::function<Screen&()>& previous);
+
 }  // namespace corvalin

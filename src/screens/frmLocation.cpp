@@ -21,6 +21,8 @@ constexpr int16_t kStandListToken = 4;
 }  // namespace
 
 frmLocation::frmLocation() {
+  fraAddRecord.Caption = "Add Record";
+  fraEditRecord.Caption = "Edit Record";
   cmdInsertA.Caption = "Record A";
   cmdUp.Caption = "Up";
   cmdDown.Caption = "Down";
@@ -93,39 +95,24 @@ void frmLocation::cmdDown_Click() {
 
 // ---------------------------------------------------------------- the file
 
+// Location records have no rules of their own: Save writes whatever the
+// list holds. Done does not close the editing flow on a stand list in bad
+// order.
+RecordFileFlow frmLocation::FileFlow() {
+  return {nullptr, ValidateStandList, WriteLocationFile, "Location file saved.",
+          [] { return Run().LocationFileSaved; }};
+}
+
 void frmLocation::cmdSave_Click() {
-  RunEvent([] {
-    UI().SetBusyPointer(true);
-    WriteLocationFile();
-    ShowMessage("Location file saved.");
-    UI().SetBusyPointer(false);
-  });
+  RunEvent([] { SaveRecordFile(FileFlow()); });
 }
 
 void frmLocation::cmdDone_Click() {
-  RunEvent([&] {
-    UI().SetBusyPointer(true);
-    if (!Run().LocationFileSaved) {
-      // Location records have no rules of their own; the editing flow is not
-      // closed on a stand list in bad order.
-      if (!ValidateStandList()) {
-        UI().SetBusyPointer(false);
-        return;
-      }
-      WriteLocationFile();
-      ShowMessage("Location file saved.");
-    }
-    HandOverTo(App().Template());
-    UI().SetBusyPointer(false);
-  });
+  RunEvent([&] { SaveIfChangedAndHandOver(FileFlow(), *this, [&]() -> Screen& { return App().Template(); }); });
 }
 
 void frmLocation::cmdBack_Click() {
-  RunEvent([&] {
-    UI().SetBusyPointer(true);
-    HandOverTo(App().Slf());
-    UI().SetBusyPointer(false);
-  });
+  RunEvent([&] { GoBack(*this, [&]() -> Screen& { return App().Slf(); }); });
 }
 
 void frmLocation::cmdQuit_Click() {

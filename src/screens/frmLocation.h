@@ -23,6 +23,10 @@ class frmLocation : public Screen {
   void Form_Load() override;
 
   ListControl lstLocation;
+  // The captions of the frames around the insert button and the four
+  // buttons that act on the selected line.
+  Label fraAddRecord;
+  Label fraEditRecord;
   Button cmdInsertA;
   Button cmdUp, cmdDown, cmdEdit, cmdDelete;
   Button cmdSave;
@@ -48,6 +52,8 @@ class frmLocation : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+  // How the location file is saved and left.
+  static RecordFileFlow FileFlow();
 
  protected:
   void DescribeControls(StateDigest& digest) const override;

@@ -48,6 +48,9 @@ std::string SelectedLineOrEmpty(const ListControl& list) {
 }  // namespace
 
 frmSlf::frmSlf() {
+  lblVariant.Caption = "Variant:";
+  fraAddRecord.Caption = "Add Record";
+  fraEditRecord.Caption = "Edit Record";
   cmdInsertA.Caption = "Record A";
   cmdInsertB.Caption = "Record B";
   cmdInsertC.Caption = "Record C";
@@ -153,41 +156,27 @@ void frmSlf::cmdValidate_Click() {
   if (ValidateStandList()) ShowMessage("Stand List File data validated.");
 }
 
-void frmSlf::cmdSave_Click() {
-  UI().SetBusyPointer(true);
-  if (ValidateStandList()) {
-    WriteStandListFile();
-    ShowMessage("Stand List File saved.");
-  }
-  UI().SetBusyPointer(false);
+// The stand list is validated before each writing.
+RecordFileFlow frmSlf::FileFlow() {
+  return {ValidateStandList, ValidateStandList, WriteStandListFile, "Stand List File saved.",
+          [] { return Run().StandListSaved; }};
 }
+
+// No handler: an error here passes on.
+void frmSlf::cmdSave_Click() { SaveRecordFile(FileFlow()); }
 
 void frmSlf::cmbNext_Click() {
-  RunEvent([&] {
-    UI().SetBusyPointer(true);
-    // With nothing changed since the load or the last saving the file is
-    // not looked at again, however it stands on disk.
-    if (!Run().StandListSaved) {
-      if (!ValidateStandList()) {
-        UI().SetBusyPointer(false);
-        return;
-      }
-      WriteStandListFile();
-      ShowMessage("Stand List File saved.");
-    }
-    HandOverTo(App().Location());
-    UI().SetBusyPointer(false);
-  });
+  RunEvent([&] { SaveIfChangedAndHandOver(FileFlow(), *this, [&]() -> Screen& { return App().Location(); }); });
 }
 
+// No handler: an error here passes on.
 void frmSlf::cmdBack_Click() {
-  UI().SetBusyPointer(true);
-  if (App().Template().chkTranslateFile.Checked()) {
-    HandOverTo(App().Headers());
-  } else {
-    HandOverTo(App().Template());
-  }
-  UI().SetBusyPointer(false);
+  // After a translation the way back is to the grid; otherwise to the first
+  // screen.
+  GoBack(*this, [&]() -> Screen& {
+    if (App().Template().chkTranslateFile.Checked()) return App().Headers();
+    return App().Template();
+  });
 }
 
 void frmSlf::cmdQuit_Click() { ConfirmQuit(); }
@@ -200,13 +189,18 @@ bool frmSlf::Form_QueryUnload(CloseReason reason) {
 }
 
 bool ValidateStandList() {
-  ListControl& list = App().Slf().lstSlf;
-  const int before = list.ListIndex;
+  frmSlf& slf = App().Slf();
+  ListControl& list = slf.lstSlf;
   // The walk moves the selection to the offending line before it shows its
-  // message, so the line is selected while the message is read.
-  const bool valid = CheckStandListSequence(list.Items, list.ListIndex);
-  if (list.ListIndex != before) SelectRecordLine(list, list.ListIndex, App().Slf().LineButtons());
-  return valid;
+  // message; as a list box's selection does, the move runs the list's click,
+  // so the line and its buttons are as they should be while the message is
+  // read. A selection that stays where it was runs no click.
+  int shown = list.ListIndex;
+  return CheckStandListSequence(list.Items, list.ListIndex, [&] {
+    if (list.ListIndex == shown) return;
+    shown = list.ListIndex;
+    SelectRecordLine(list, list.ListIndex, slf.LineButtons());
+  });
 }
 
 void WriteStandListFile() {

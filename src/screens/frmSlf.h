@@ -29,7 +29,12 @@ class frmSlf : public Screen {
   void Form_Load() override;
 
   ListControl lstSlf;
+  Label lblVariant;  // the heading of cmbVariant
   ListControl cmbVariant;
+  // The captions of the frames around the insert buttons and the four
+  // buttons that act on the selected line.
+  Label fraAddRecord;
+  Label fraEditRecord;
   Button cmdInsertA, cmdInsertB, cmdInsertC, cmdInsertD;
   Button cmdUp, cmdDown, cmdEdit, cmdDelete;
   Button cmdValidate;
@@ -64,6 +69,8 @@ class frmSlf : public Screen {
 
   // The four buttons that act on the selected line.
   RecordLineButtons LineButtons();
+  // How the stand list file is saved and left.
+  static RecordFileFlow FileFlow();
 
  protected:
   void DescribeControls(StateDigest& digest) const override;

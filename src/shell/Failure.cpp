@@ -125,6 +125,17 @@ void RunEvent(const std::function<void()>& routine) {
   }
 }
 
+void RunUnhandledEvent(const std::function<void()>& routine) {
+  EventScope scope;
+  try {
+    routine();
+  } catch (const std::exception& error) {
+    Run().EventFailureReported = true;
+    UI().Message({AsRuntimeError(error).ReportText(), Buttons::OK, Icon::Critical, "", 1});
+    EndProgram();
+  }
+}
+
 std::string ReporterText(const std::string& heading, const RuntimeError& error) {
   return heading + "Module = " + Run().CurrentScreen + "\r\n" + std::to_string(error.number()) + ": " +
          error.description();

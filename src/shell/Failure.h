@@ -35,6 +35,11 @@ void ReportEventError(const RuntimeError& error);
 // (a bad index, a failed conversion) are reported as the run-time errors
 // they stand for.
 void RunEvent(const std::function<void()>& routine);
+// Runs an event routine that has no handler of its own. An error that
+// reaches its end is the run-time's: a box with the critical icon and "[" +
+// number + "] " + description, then the program ends in order (what was
+// written to settings and files stays as it was written).
+void RunUnhandledEvent(const std::function<void()>& routine);
 // The named reporters: routines that compose a message of their own, show
 // it through ShowMessage and end normally, so that their callers do not learn
 // of the failure. Their headings:

@@ -15,18 +15,20 @@ char RecordType(const std::string& line) { return line.empty() ? '\0' : line.fro
 
 }  // namespace
 
-bool CheckStandListSequence(const std::vector<std::string>& lines, int& selection) {
+bool CheckStandListSequence(const std::vector<std::string>& lines, int& selection, const std::function<void()>& moved) {
   bool result = true;
   std::string code;
   Expect state = Expect::FirstA;
   // A fault of code carries on to the next line; a fault of order stops.
   const auto codeFault = [&](int index, const char* message) {
     selection = index;
+    if (moved) moved();
     ShowMessage(message);
     result = false;
   };
   const auto orderFault = [&](int index, const char* message) {
     selection = index;
+    if (moved) moved();
     ShowMessage(message);
     return false;
   };

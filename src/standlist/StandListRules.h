@@ -3,6 +3,7 @@
 // then any number of D with that code. And the writing of a whole list.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,10 @@ namespace corvalin {
 // Walks the lines, reporting each fault through ShowMessage. A wrong code
 // carries on (several messages in one run); a record out of order stops at
 // once. selection is the list's selected index; the walk moves it to the
-// offending line where the rules say so. An empty list is valid.
-bool CheckStandListSequence(const std::vector<std::string>& lines, int& selection);
+// offending line where the rules say so, and runs moved (when given) right
+// after each move, before the message is shown. An empty list is valid.
+bool CheckStandListSequence(const std::vector<std::string>& lines, int& selection,
+                            const std::function<void()>& moved = nullptr);
 
 // The messages of the walk.
 inline constexpr const char* FirstRecordMustBeA = "First record must be of type A.";

@@ -11,7 +11,9 @@
 #include "TestSupport.h"
 #include "screens/Controls.h"
 #include "screens/RecordLines.h"
+#include "screens/Screen.h"
 #include "shell/AppUtil.h"
+#include "shell/Error.h"
 
 namespace corvalin {
 namespace {
@@ -247,6 +249,97 @@ TEST_F(RecordLinesTest, LoadOfAFileThatCannotBeReadGivesAnEmptyListWithTheButton
   EXPECT_TRUE(list.Items.empty());
   EXPECT_EQ(list.ListIndex, -1);
   EXPECT_EQ(States(), kAllOff);
+}
+
+// ---------------------------------------------------------------- saving and leaving
+
+// The steps of an editor's file, counted.
+struct FlowSteps {
+  int validations = 0;
+  int writings = 0;
+  bool valid = true;
+  bool unchanged = false;
+  RecordFileFlow Flow(bool validateOnSave) {
+    const auto validate = [this] {
+      ++validations;
+      return valid;
+    };
+    return {validateOnSave ? std::function<bool()>(validate) : nullptr, validate, [this] { ++writings; }, "File saved.",
+            [this] { return unchanged; }};
+  }
+};
+
+// A screen of no kind of its own, to go from and to.
+class PlainScreen : public Screen {
+ public:
+  const char* Name() const override { return "PlainScreen"; }
+  void Form_Load() override {}
+};
+
+TEST_F(RecordLinesTest, SaveValidatesWhereTheEditorAsksWritesAndSaysSo) {
+  FlowSteps steps;
+  SaveRecordFile(steps.Flow(true));
+  EXPECT_EQ(steps.validations, 1);
+  EXPECT_EQ(steps.writings, 1);
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"File saved."}));
+  EXPECT_FALSE(ui.busyPointer);
+
+  ui.boxes.clear();
+  steps.valid = false;
+  SaveRecordFile(steps.Flow(true));
+  EXPECT_EQ(steps.writings, 1);
+  EXPECT_TRUE(ui.Texts().empty());
+  EXPECT_FALSE(ui.busyPointer);
+
+  // Without rules of its own the file is written whatever it holds.
+  SaveRecordFile(steps.Flow(false));
+  EXPECT_EQ(steps.validations, 2);
+  EXPECT_EQ(steps.writings, 2);
+}
+
+TEST_F(RecordLinesTest, LeavingUnchangedGoesOnAtOnceAndAChangeIsSavedFirstOrStays) {
+  PlainScreen from;
+  PlainScreen to;
+  from.Show();
+  FlowSteps steps;
+  steps.unchanged = true;
+  int asked = 0;
+  const auto next = [&]() -> Screen& {
+    ++asked;
+    return to;
+  };
+  SaveIfChangedAndHandOver(steps.Flow(true), from, next);
+  EXPECT_EQ(steps.validations, 0);
+  EXPECT_EQ(steps.writings, 0);
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(to.Visible());
+  EXPECT_FALSE(from.Visible());
+
+  to.HandOverTo(from);
+  steps.unchanged = false;
+  steps.valid = false;
+  SaveIfChangedAndHandOver(steps.Flow(false), from, next);
+  // A refusal stays, and the next screen is not even asked for.
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(steps.writings, 0);
+  EXPECT_TRUE(from.Visible());
+  EXPECT_FALSE(ui.busyPointer);
+
+  steps.valid = true;
+  SaveIfChangedAndHandOver(steps.Flow(false), from, next);
+  EXPECT_EQ(steps.writings, 1);
+  EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"File saved."}));
+  EXPECT_TRUE(to.Visible());
+  EXPECT_FALSE(ui.busyPointer);
+}
+
+TEST_F(RecordLinesTest, AFailureOnTheWayPassesOnAndLeavesThePointerBusy) {
+  FlowSteps steps;
+  RecordFileFlow flow = steps.Flow(true);
+  flow.write = [] { Raise(err::PermissionDenied); };
+  EXPECT_EQ(ErrorNumberRaisedBy([&] { SaveRecordFile(flow); }), err::PermissionDenied);
+  EXPECT_TRUE(ui.Texts().empty());
+  EXPECT_TRUE(ui.busyPointer);
 }
 
 }  // namespace

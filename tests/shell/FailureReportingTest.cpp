@@ -159,6 +159,30 @@ TEST_F(FailureReporting, ErrorInALibraryRoutineShowsTheEventBoxWithTheFirstError
   EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
 }
 
+TEST_F(FailureReporting, ErrorInAnEventWithoutAHandlerShowsItsNumberAndDescriptionThenEndsInOrder) {
+  SaveSetting("Orvanta", "Corvalin", "ColumnHeader1", "Plot ID");
+  bool after = false;
+  EXPECT_THROW(RunUnhandledEvent([&] {
+                 Raise(err::InvalidProcedureCall);
+                 after = true;
+               }),
+               ProcessEnded);
+  EXPECT_FALSE(after);
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "[5] Invalid procedure call or argument");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Critical);
+  EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
+  // No quit question, and the settings stay as they were written.
+  EXPECT_EQ(GetSetting("Orvanta", "Corvalin", "ColumnHeader1", ""), "Plot ID");
+}
+
+TEST_F(FailureReporting, EventWithoutAHandlerThatRunsThroughEndsNothing) {
+  int runs = 0;
+  RunUnhandledEvent([&] { ++runs; });
+  EXPECT_EQ(runs, 1);
+  EXPECT_TRUE(ui.boxes.empty());
+}
+
 TEST_F(FailureReporting, NamedReporterTextJoinsHeadingModuleAndError) {
   Run().CurrentScreen = "Template";
   EXPECT_EQ(ReporterText(ReadingInputFileFailed, RuntimeError(err::FileNotFound)),
