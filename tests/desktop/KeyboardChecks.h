@@ -40,9 +40,12 @@ inline QStringList TabChain(QWidget* window) {
   return names;
 }
 
-// The access keys of the window, by the control or label that carries each.
-inline QMap<QString, QChar> AccessKeys(QWidget* window) {
-  QMap<QString, QChar> keys;
+// What is wrong with the access keys of the window: a usable button, box,
+// option or labelled field without one (unless `without` names it: it may
+// go without),
+// or two that share one; empty when nothing is. Returned rather than
+// checked, so that a script at a modal window runs on to its end.
+inline QString AccessKeyFaults(QWidget* window, const QStringList& without = {}) {
   auto keyOf = [](const QString& text) -> QChar {
     for (int i = 0; i + 1 < text.size(); ++i) {
       if (text[i] != QLatin1Char('&')) continue;
@@ -54,42 +57,52 @@ inline QMap<QString, QChar> AccessKeys(QWidget* window) {
     }
     return {};
   };
+  QMap<QString, QPair<QWidget*, QChar>> keys;
   for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
     if (button->window() == window && (button->focusPolicy() & Qt::TabFocus))
-      keys.insert(button->objectName(), keyOf(button->text()));
+      keys.insert(button->objectName(), {button, keyOf(button->text())});
   for (QLabel* label : window->findChildren<QLabel*>())
-    if (label->window() == window && label->buddy() != nullptr)
-      keys.insert(QStringLiteral("label of ") + label->buddy()->objectName(), keyOf(label->text()));
-  return keys;
+    if (label->window() == window && label->buddy() != nullptr && (label->buddy()->focusPolicy() & Qt::TabFocus))
+      keys.insert(QStringLiteral("label of ") + label->buddy()->objectName(), {label->buddy(), keyOf(label->text())});
+  if (keys.isEmpty()) return QStringLiteral("no keys at all");
+  QStringList faults;
+  QMap<QChar, QString> owners;
+  for (auto it = keys.begin(); it != keys.end(); ++it) {
+    QWidget* control = it.value().first;
+    const QChar key = it.value().second;
+    const bool usable = control->isEnabled() && control->isVisible();
+    if (key.isNull()) {
+      if (usable && !without.contains(it.key())) faults << QStringLiteral("no key for ") + it.key();
+      continue;
+    }
+    if (owners.contains(key))
+      faults << it.key() + QStringLiteral(" and ") + owners.value(key) + QStringLiteral(" share ") + key;
+    owners.insert(key, it.key());
+  }
+  return faults.join(QStringLiteral("; "));
+}
+
+// The controls Tab reaches that have no name a screen reader can say.
+inline QString UnnamedControls(QWidget* window) {
+  QStringList unnamed;
+  for (QWidget* control : ReadingOrder(window)) {
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
+    if (accessible == nullptr || accessible->text(QAccessible::Name).trimmed().isEmpty())
+      unnamed << control->objectName();
+  }
+  return unnamed.join(QStringLiteral(" "));
 }
 
 // Every caption of the window has a key, and no two share one.
 inline void ExpectAccessKeysWithoutClashes(QWidget* window) {
-  const QMap<QString, QChar> keys = AccessKeys(window);
-  QVERIFY(!keys.isEmpty());
-  QMap<QChar, QString> owners;
-  for (auto it = keys.begin(); it != keys.end(); ++it) {
-    // A control the person cannot use now (the other half of a screen,
-    // disabled) may go without; every other has its key.
-    QWidget* control = window->findChild<QWidget*>(QString(it.key()).remove(QStringLiteral("label of ")));
-    const bool usable = control != nullptr && control->isEnabled() && control->isVisible();
-    if (it.value().isNull() && !usable) continue;
-    QVERIFY2(!it.value().isNull(), qPrintable(window->objectName() + QStringLiteral(": no key for ") + it.key()));
-    QVERIFY2(!owners.contains(it.value()),
-             qPrintable(window->objectName() + QStringLiteral(": ") + it.key() + QStringLiteral(" and ") +
-                        owners.value(it.value()) + QStringLiteral(" share ") + it.value()));
-    owners.insert(it.value(), it.key());
-  }
+  const QString faults = AccessKeyFaults(window);
+  QVERIFY2(faults.isEmpty(), qPrintable(window->objectName() + QStringLiteral(": ") + faults));
 }
 
 // Every control Tab reaches has a name a screen reader can say.
 inline void ExpectNamedControls(QWidget* window) {
-  for (QWidget* control : ReadingOrder(window)) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
-    QVERIFY2(accessible != nullptr, qPrintable(control->objectName()));
-    QVERIFY2(!accessible->text(QAccessible::Name).trimmed().isEmpty(),
-             qPrintable(window->objectName() + QStringLiteral(": no name for ") + control->objectName()));
-  }
+  const QString unnamed = UnnamedControls(window);
+  QVERIFY2(unnamed.isEmpty(), qPrintable(window->objectName() + QStringLiteral(": no name for ") + unnamed));
 }
 
 // Runs act on the next modal window once it is up and has the keyboard.

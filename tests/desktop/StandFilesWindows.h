@@ -23,6 +23,7 @@
 #include <string>
 
 #include "DesktopHome.h"
+#include "KeyboardChecks.h"
 #include "desktop/Keyboard.h"
 #include "desktop/QtToolkit.h"
 
@@ -133,80 +134,6 @@ inline QWidget* OpenStandListEditor(QtToolkit& toolkit, const QString& slfPath, 
   toolkit.AnswerFileDialog = nullptr;
   Settle();
   return Press(setup, "cmdNext", "frmSlf");
-}
-
-// The names of the controls Tab reaches from the first, in turn, as far as
-// it comes back to the first: visible and enabled ones only.
-inline QStringList TabChain(QWidget* window) {
-  QStringList names;
-  QWidget* first = nullptr;
-  for (QWidget* control : ReadingOrder(window))
-    if (control->isVisible() && control->isEnabled()) {
-      first = control;
-      break;
-    }
-  if (first == nullptr) return names;
-  QWidget* at = first;
-  do {
-    if (at->window() == window && at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) &&
-        at->focusProxy() == nullptr)
-      names << at->objectName();
-    at = at->nextInFocusChain();
-  } while (at != first && names.size() < 200);
-  return names;
-}
-
-// What is wrong with the access keys of the window: a usable button, box,
-// option or labelled field without one (unless `without` names it: it may
-// go without),
-// or two that share one; empty when nothing is. Returned rather than
-// checked, so that a script at a modal window runs on to its end.
-inline QString AccessKeyFaults(QWidget* window, const QStringList& without = {}) {
-  auto keyOf = [](const QString& text) -> QChar {
-    for (int i = 0; i + 1 < text.size(); ++i) {
-      if (text[i] != QLatin1Char('&')) continue;
-      if (text[i + 1] == QLatin1Char('&')) {
-        ++i;
-        continue;
-      }
-      return text[i + 1].toLower();
-    }
-    return {};
-  };
-  QMap<QString, QPair<QWidget*, QChar>> keys;
-  for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
-    if (button->window() == window && (button->focusPolicy() & Qt::TabFocus))
-      keys.insert(button->objectName(), {button, keyOf(button->text())});
-  for (QLabel* label : window->findChildren<QLabel*>())
-    if (label->window() == window && label->buddy() != nullptr && (label->buddy()->focusPolicy() & Qt::TabFocus))
-      keys.insert(QStringLiteral("label of ") + label->buddy()->objectName(), {label->buddy(), keyOf(label->text())});
-  if (keys.isEmpty()) return QStringLiteral("no keys at all");
-  QStringList faults;
-  QMap<QChar, QString> owners;
-  for (auto it = keys.begin(); it != keys.end(); ++it) {
-    QWidget* control = it.value().first;
-    const QChar key = it.value().second;
-    const bool usable = control->isEnabled() && control->isVisible();
-    if (key.isNull()) {
-      if (usable && !without.contains(it.key())) faults << QStringLiteral("no key for ") + it.key();
-      continue;
-    }
-    if (owners.contains(key))
-      faults << it.key() + QStringLiteral(" and ") + owners.value(key) + QStringLiteral(" share ") + key;
-    owners.insert(key, it.key());
-  }
-  return faults.join(QStringLiteral("; "));
-}
-
-// The controls Tab reaches that have no name a screen reader can say.
-inline QString UnnamedControls(QWidget* window) {
-  QStringList unnamed;
-  for (QWidget* control : ReadingOrder(window)) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
-    if (accessible == nullptr || accessible->text(QAccessible::Name).trimmed().isEmpty())
-      unnamed << control->objectName();
-  }
-  return unnamed.join(QStringLiteral(" "));
 }
 
 // Whether the window, frame included, stands wholly on its screen's working
