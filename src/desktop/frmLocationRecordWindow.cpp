@@ -17,7 +17,8 @@
 
 namespace corvalin {
 
-frmLocationRecordWindow::frmLocationRecordWindow(frmLocationRecord& screen) : ScreenWindow(screen) {
+frmLocationRecordWindow::frmLocationRecordWindow(frmLocationRecord& screen)
+    : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmLocationRecord"));
   tabLocationRecords_ = new QTabWidget(this);
   tabLocationRecords_->setObjectName(QStringLiteral("tabLocationRecords"));

@@ -103,7 +103,7 @@ constexpr int kNarrowList = 10;
 
 }  // namespace
 
-frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(screen) {
+frmSlfRecordWindow::frmSlfRecordWindow(frmSlfRecord& screen) : ScreenWindow(screen, nullptr, Qt::Dialog) {
   setObjectName(QStringLiteral("frmSlfRecord"));
   tabSlfRecords_ = new QTabWidget(this);
   tabSlfRecords_->setObjectName(QStringLiteral("tabSlfRecords"));
