@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMoveEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -21,6 +22,7 @@
 #include "screens/Screen.h"
 #include "screens/WindowPlace.h"
 #include "shell/EventScope.h"
+#include "shell/Failure.h"
 
 namespace corvalin {
 
@@ -114,6 +116,18 @@ QMargins& KnownFrame() {
 WindowRect RectOf(const QRect& r) { return {r.x(), r.y(), r.width(), r.height()}; }
 
 }  // namespace
+
+void ScreenWindow::ConnectRecordList(QListWidget* list, std::function<void(int row)> choose,
+                                     std::function<void()> open) {
+  connect(list, &QListWidget::currentRowChanged, this, [this, choose = std::move(choose)](int row) {
+    if (DrawnScreen() == nullptr || row < 0) return;
+    Fire([&] { RunUnhandledEvent([&] { choose(row); }); });
+  });
+  connect(list, &QListWidget::itemDoubleClicked, this, [this, open = std::move(open)] {
+    if (DrawnScreen() == nullptr) return;
+    Fire([&] { RunUnhandledEvent(open); });
+  });
+}
 
 namespace {
 

@@ -17,6 +17,7 @@
 class QAbstractButton;
 class QEventLoop;
 class QLineEdit;
+class QListWidget;
 class QPushButton;
 
 namespace corvalin {
@@ -51,6 +52,10 @@ class ScreenWindow : public QWidget, public ScreenView {
   // the text box that box() gives while the window draws a screen. A
   // character that no cell can hold is refused as it is typed.
   QLineEdit* NewTextField(const char* name, std::function<TextBox&()> box);
+  // The person choosing a line of a list of records, and a double click on
+  // one, fire the screen's events (choose gets the line's index). An error
+  // that no handler of the screen takes ends the program after its box.
+  void ConnectRecordList(QListWidget* list, std::function<void(int row)> choose, std::function<void()> open);
 
   // The screen drawn, or null once it is unloaded.
   Screen* DrawnScreen() const { return screen_; }

@@ -65,21 +65,13 @@ frmLocationWindow::frmLocationWindow(frmLocation& screen) : ScreenWindow(screen)
   layout->addLayout(buttons);
   resize(sizeHint().width(), 420);
 
-  connect(lstLocation_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (DrawnScreen() == nullptr || row < 0) return;
-    frmLocation& location = Location();
-    Fire([&] {
-      RunUnhandledEvent([&] {
-        location.lstLocation.Select(row);
-        location.lstLocation_Click();
-      });
-    });
-  });
-  connect(lstLocation_, &QListWidget::itemDoubleClicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmLocation& location = Location();
-    Fire([&] { RunUnhandledEvent([&] { location.lstLocation_DblClick(); }); });
-  });
+  ConnectRecordList(
+      lstLocation_,
+      [this](int row) {
+        Location().lstLocation.Select(row);
+        Location().lstLocation_Click();
+      },
+      [this] { Location().lstLocation_DblClick(); });
 }
 
 frmLocation& frmLocationWindow::Location() const { return static_cast<frmLocation&>(*DrawnScreen()); }

@@ -86,21 +86,13 @@ frmSlfWindow::frmSlfWindow(frmSlf& screen) : ScreenWindow(screen) {
     frmSlf& slf = Slf();
     Fire([&] { RunUnhandledEvent([&] { slf.SelectVariant(index); }); });
   });
-  connect(lstSlf_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (DrawnScreen() == nullptr || row < 0) return;
-    frmSlf& slf = Slf();
-    Fire([&] {
-      RunUnhandledEvent([&] {
-        slf.lstSlf.Select(row);
-        slf.lstSlf_Click();
-      });
-    });
-  });
-  connect(lstSlf_, &QListWidget::itemDoubleClicked, this, [this] {
-    if (DrawnScreen() == nullptr) return;
-    frmSlf& slf = Slf();
-    Fire([&] { RunUnhandledEvent([&] { slf.lstSlf_DblClick(); }); });
-  });
+  ConnectRecordList(
+      lstSlf_,
+      [this](int row) {
+        Slf().lstSlf.Select(row);
+        Slf().lstSlf_Click();
+      },
+      [this] { Slf().lstSlf_DblClick(); });
 }
 
 frmSlf& frmSlfWindow::Slf() const { return static_cast<frmSlf&>(*DrawnScreen()); }
