@@ -57,6 +57,14 @@ void Prepare(QFileDialog& dialog) {
   dialog.setIconProvider(&Icons());
 }
 
+// Runs the dialog; the window that opened it has the keyboard again after
+// it, so that the person's next key (an access key, Tab) reaches it.
+bool Run(QFileDialog& dialog, QWidget* owner) {
+  const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  if (owner != nullptr && owner->isVisible()) owner->window()->activateWindow();
+  return accepted;
+}
+
 }  // namespace
 
 QString ChooseFile(QWidget* owner, const FileDialogRequest& request) {
@@ -70,7 +78,7 @@ QString ChooseFile(QWidget* owner, const FileDialogRequest& request) {
     dialog.selectNameFilter(filters[request.filterIndex - 1]);
   if (!request.fileName.empty())
     dialog.selectFile(QDir(PathToQt(request.initialFolder)).filePath(PathToQt(request.fileName)));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  if (!Run(dialog, owner)) return {};
   return dialog.selectedFiles().constFirst();
 }
 
@@ -80,7 +88,7 @@ QString ChooseFolder(QWidget* owner, const QString& title, const QString& initia
   Prepare(dialog);
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  if (!Run(dialog, owner)) return {};
   return dialog.selectedFiles().constFirst();
 }
 

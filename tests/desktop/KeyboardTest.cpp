@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -299,17 +300,28 @@ class KeyboardTest : public QObject, public WizardWindows {
       while (button != nullptr && !*clicked) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
       QObject::disconnect(done);
     };
-    // The file dialogs are answered with the names a person types into
-    // them (their listing and keys are FileDialogTest's).
-    std::deque<std::string> files{kSurvey.toStdString(), output.toStdString()};
-    toolkit_.AnswerFileDialog = [&files](const FileDialogRequest&) -> std::optional<std::string> {
-      std::string file = files.front();
-      files.pop_front();
-      return file;
+    // Each file dialog takes the path typed into its name field and Enter.
+    // While the list of names that complete the one typed is open, Enter
+    // is the list's, which takes the name and accepts the dialog; the list
+    // is then closed with Escape, as a person closes a list left over.
+    auto typeIntoFileDialog = [](const QString& path) {
+      WhenActiveModal([path](QWidget* dialog) {
+        QVERIFY(qobject_cast<QFileDialog*>(dialog) != nullptr);
+        QWidget* field = QApplication::focusWidget();
+        QVERIFY(field != nullptr && field->window() == dialog);
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, path);
+        QWidget* completions = QApplication::activePopupWidget();
+        QTest::keyClick(completions != nullptr ? completions : field, Qt::Key_Return);
+        if (dialog->isVisible()) QTest::keyClick(field, Qt::Key_Return);
+        if (QWidget* left = QApplication::activePopupWidget()) QTest::keyClick(left, Qt::Key_Escape);
+      });
     };
+    typeIntoFileDialog(QDir::cleanPath(kSurvey));
     press(setup, "cmdChangeInput");
     Settle();
-    QCOMPARE(App().Template().lblInputFile.Caption, kSurvey.toStdString());
+    QCOMPARE(App().Template().lblInputFile.Caption, QDir::cleanPath(kSurvey).toStdString());
+    typeIntoFileDialog(output);
     press(setup, "cmdChangeOutput");
     Settle();
     QCOMPARE(App().Template().lblOutputFile.Caption, output.toStdString());
