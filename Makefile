@@ -12,7 +12,7 @@ GENERATOR ?= Ninja
 WERROR ?=
 WARNINGS = -DCORVALIN_WERROR=$(if $(WERROR),ON,OFF)
 
-.PHONY: all deps configure build run test sanitize bench fuzz soak soak-sanitize screenshots atspi install clean
+.PHONY: all deps configure build run test sanitize exercise exercise-ci bench fuzz soak soak-sanitize screenshots atspi install clean
 
 all: build
 
@@ -43,6 +43,26 @@ sanitize: deps
 	cmake --build $(SANITIZE_BUILD)
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j$$(nproc)
+
+# The exerciser (tools/exerciser/) on the sanitizer build of make sanitize:
+# a person's random actions on the real windows over every input, for
+# EXERCISE_ACTIONS actions each (or EXERCISE_SECONDS seconds each when set),
+# from EXERCISE_SEED. A finding is shrunk, written under exercise-findings/,
+# and fails the target. exercise-ci is the short run of continuous
+# integration: 10 seconds an input, fixed seeds.
+EXERCISE_ACTIONS ?= 50000
+EXERCISE_SECONDS ?=
+EXERCISE_SEED ?= 1
+EXERCISE_LIMIT = $(if $(EXERCISE_SECONDS),--seconds $(EXERCISE_SECONDS),--actions $(EXERCISE_ACTIONS))
+exercise: deps
+	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF $(WARNINGS)
+	cmake --build $(SANITIZE_BUILD) --target exerciser
+	./$(SANITIZE_BUILD)/tools/exerciser --input all --seed $(EXERCISE_SEED) $(EXERCISE_LIMIT)
+
+exercise-ci: deps
+	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF $(WARNINGS)
+	cmake --build $(SANITIZE_BUILD) --target exerciser
+	./$(SANITIZE_BUILD)/tools/exerciser --input all --seed 30 --seconds 10 --shrink-seconds 120
 
 # The windows' tests and the end-to-end tests SOAK_ROUNDS times one at a
 # time, then SOAK_ROUNDS times two at a time, stopping at the first failure

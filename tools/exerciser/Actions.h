@@ -1,0 +1,41 @@
+// What a hurried or curious person does to the window on top: the actions the
+// exerciser chooses, and how each is carried out on the real widgets with
+// the events a person's mouse and keyboard send. Targets are found again by
+// their keys, so a logged action replays on a new run.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "Action.h"
+
+namespace corvalin::exerciser {
+
+// Where the file dialogs may be pointed: an existing file, a missing path,
+// one that cannot be written, a folder.
+struct FileChoices {
+  std::vector<std::string> paths;
+};
+
+// The window a person's next action goes to: the open popup or menu, the
+// modal window, or else a visible top-level window (mostly the frontmost).
+QWidget* TopWindow(std::mt19937_64& random);
+// The key of a window, and the window of a key (null when none is up).
+std::string WindowKey(QWidget* window);
+QWidget* FindWindow(const std::string& key);
+
+// Chooses an action on the window; its kind is empty when the window offers
+// nothing to do.
+Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices& files);
+// Carries the action out; false when its window or control is not there.
+bool Perform(const Action& action);
+
+// Whether the action may write a file a person saves: it presses or may
+// press a save (Save Template, the editors' Save, Done, Next, Back, Quit), or
+// closes or types keys into an editor that asks to save.
+bool MaySave(const Action& action);
+
+}  // namespace corvalin::exerciser
