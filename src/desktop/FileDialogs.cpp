@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStyle>
+#include <map>
 
 #include "desktop/QtToolkit.h"
 #include "shell/Toolkit.h"
@@ -14,26 +15,26 @@ namespace corvalin {
 
 namespace {
 
-// Icons and type names by the kind of entry and its name's extension.
+// Icons and type names by the kind of entry and its name's extension. Each
+// icon is made once and shared by every entry of its kind: a folder of
+// thousands of files is listed on the window's own thread, and making the
+// icon again for each entry held the window for seconds.
 class NameOnlyIcons : public QAbstractFileIconProvider {
  public:
   QIcon icon(IconType type) const override {
-    QStyle* style = QApplication::style();
     switch (type) {
-      case Folder: return style->standardIcon(QStyle::SP_DirIcon);
-      case Drive: return style->standardIcon(QStyle::SP_DriveHDIcon);
-      case Computer: return style->standardIcon(QStyle::SP_ComputerIcon);
-      case Network: return style->standardIcon(QStyle::SP_DriveNetIcon);
-      case Trashcan: return style->standardIcon(QStyle::SP_TrashIcon);
-      case Desktop: return style->standardIcon(QStyle::SP_DesktopIcon);
-      case File: return style->standardIcon(QStyle::SP_FileIcon);
+      case Folder: return Standard(QStyle::SP_DirIcon);
+      case Drive: return Standard(QStyle::SP_DriveHDIcon);
+      case Computer: return Standard(QStyle::SP_ComputerIcon);
+      case Network: return Standard(QStyle::SP_DriveNetIcon);
+      case Trashcan: return Standard(QStyle::SP_TrashIcon);
+      case Desktop: return Standard(QStyle::SP_DesktopIcon);
+      case File: return Standard(QStyle::SP_FileIcon);
     }
-    return style->standardIcon(QStyle::SP_FileIcon);
+    return Standard(QStyle::SP_FileIcon);
   }
   QIcon icon(const QFileInfo& info) const override {
-    if (info.isSymLink()) {
-      return QApplication::style()->standardIcon(info.isDir() ? QStyle::SP_DirLinkIcon : QStyle::SP_FileLinkIcon);
-    }
+    if (info.isSymLink()) return Standard(info.isDir() ? QStyle::SP_DirLinkIcon : QStyle::SP_FileLinkIcon);
     return icon(info.isDir() ? Folder : File);
   }
   QString type(const QFileInfo& info) const override {
@@ -43,6 +44,15 @@ class NameOnlyIcons : public QAbstractFileIconProvider {
     if (extension.isEmpty()) return QStringLiteral("File");
     return extension.toUpper() + QStringLiteral(" File");
   }
+
+ private:
+  // The style's icon, made at the first asking.
+  QIcon Standard(QStyle::StandardPixmap pixmap) const {
+    auto made = made_.find(pixmap);
+    if (made == made_.end()) made = made_.emplace(pixmap, QApplication::style()->standardIcon(pixmap)).first;
+    return made->second;
+  }
+  mutable std::map<QStyle::StandardPixmap, QIcon> made_;
 };
 
 NameOnlyIcons& Icons() {

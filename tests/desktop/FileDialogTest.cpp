@@ -4,6 +4,7 @@
 // A dialog that read a file there would not come back, and the test with it.
 #include <sys/stat.h>
 
+#include <QAbstractFileIconProvider>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -99,6 +100,40 @@ class FileDialogTest : public QObject {
     // A fifo is no file to choose, and is not listed.
     QCOMPARE(seen.names, QStringList{QStringLiteral("plots")});
     QCOMPARE(seen.types, QStringList{QStringLiteral("File")});
+  }
+
+  // A folder of thousands of entries (a shared /tmp) is listed on the
+  // window's thread: each kind of entry has one icon, made once, not one
+  // made again for each entry.
+  void theListingSharesOneIconForEachKindOfEntry() {
+    QTemporaryDir folder;
+    QVERIFY(folder.isValid());
+    for (const char* name : {"plots", "stands"}) QVERIFY(QDir(folder.path()).mkdir(QString::fromLatin1(name)));
+    for (const char* name : {"trees.csv", "notes"}) {
+      QFile file(folder.filePath(QString::fromLatin1(name)));
+      QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    qint64 plots = 0, stands = 0, trees = 0, notes = 0;
+    WhenModal([&](QWidget* modal) {
+      auto* dialog = qobject_cast<QFileDialog*>(modal);
+      QVERIFY(dialog != nullptr);
+      QAbstractFileIconProvider* icons = dialog->iconProvider();
+      QVERIFY(icons != nullptr);
+      plots = icons->icon(QFileInfo(folder.filePath(QStringLiteral("plots")))).cacheKey();
+      stands = icons->icon(QFileInfo(folder.filePath(QStringLiteral("stands")))).cacheKey();
+      trees = icons->icon(QFileInfo(folder.filePath(QStringLiteral("trees.csv")))).cacheKey();
+      notes = icons->icon(QFileInfo(folder.filePath(QStringLiteral("notes")))).cacheKey();
+      dialog->reject();
+    });
+    QtToolkit toolkit;
+    FileDialogRequest request;
+    request.title = "Select Input File";
+    request.initialFolder = folder.path().toStdString() + "/";
+    request.filter = "All Files (*.*)|*.*";
+    QCOMPARE(toolkit.ShowFileDialog(request), std::string());
+    QCOMPARE(plots, stands);
+    QCOMPARE(trees, notes);
+    QVERIFY(plots != trees);
   }
 
   void theFolderDialogListsProcAndCloses() {
