@@ -23,6 +23,8 @@ namespace corvalin::exerciser {
 
 namespace {
 
+std::string runFolder;
+
 std::string Std(const QString& text) { return text.toStdString(); }
 
 int Roll(std::mt19937_64& random, int n) { return n <= 0 ? 0 : static_cast<int>(random() % static_cast<unsigned>(n)); }
@@ -261,6 +263,8 @@ Action ChooseOnControl(QWidget* window, const Control& control, std::mt19937_64&
 
 }  // namespace
 
+void SetRunFolder(const std::string& folder) { runFolder = folder; }
+
 std::string WindowKey(QWidget* window) {
   const std::string name = Std(window->objectName());
   return name.empty() || name.rfind("qt_", 0) == 0 ? window->metaObject()->className() : name;
@@ -331,7 +335,9 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
   const int roll = Roll(random, 100);
   if (qobject_cast<QFileDialog*>(window) && roll < 70 && !files.paths.empty()) {
     action.kind = "file";
-    action.data = ToHex(files.paths[Roll(random, static_cast<int>(files.paths.size()))]);
+    // The input most often: a person mostly opens the file to translate.
+    const int pick = Roll(random, 2) == 0 ? 0 : Roll(random, static_cast<int>(files.paths.size()));
+    action.data = ToHex(files.paths[pick]);
     return action;
   }
   if (roll < 4) {
@@ -349,7 +355,25 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
     action.data = Keys()[Roll(random, static_cast<int>(Keys().size()))].first;
     return action;
   }
-  return ChooseOnControl(window, controls[Roll(random, static_cast<int>(controls.size()))], random);
+  // A hurried person presses on: Next and OK come up more often than the
+  // rest, Quit less, so that the lives reach the later screens.
+  std::vector<int> weights;
+  int total = 0;
+  for (const Control& control : controls) {
+    const QString name = control.widget->objectName();
+    int weight = 4;
+    if (name == QLatin1String("cmdNext") || name == QLatin1String("cmbNext") || name == QLatin1String("cmdOk") ||
+        name == QLatin1String("cmdOK"))
+      weight = 16;
+    else if (name == QLatin1String("cmdQuit") || name == QLatin1String("cmdExit"))
+      weight = 1;
+    weights.push_back(weight);
+    total += weight;
+  }
+  int pick = Roll(random, total);
+  std::size_t chosen = 0;
+  while (pick >= weights[chosen]) pick -= weights[chosen++];
+  return ChooseOnControl(window, controls[chosen], random);
 }
 
 bool Perform(const Action& action) {
@@ -393,7 +417,9 @@ bool Perform(const Action& action) {
     auto* name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     if (name == nullptr || !name->isVisible()) return false;
     name->setFocus(Qt::OtherFocusReason);
-    name->setText(QString::fromLocal8Bit(FromHex(action.data)));
+    std::string path = FromHex(action.data);
+    if (path.rfind("$RUN", 0) == 0) path = runFolder + path.substr(4);
+    name->setText(QString::fromLocal8Bit(path));
     QPointer<QLineEdit> alive(name);
     QTest::keyPress(name, Qt::Key_Return);
     if (alive) QTest::keyRelease(name, Qt::Key_Return);

@@ -16,9 +16,12 @@ namespace corvalin::exerciser {
 
 // Where the file dialogs may be pointed: an existing file, a missing path,
 // one that cannot be written, a folder.
+// Paths under the run's scratch folder are logged as "$RUN/...", so that a
+// replay in a new folder points at the same files.
 struct FileChoices {
   std::vector<std::string> paths;
 };
+void SetRunFolder(const std::string& folder);
 
 // The window a person's next action goes to: the open popup or menu, the
 // modal window, or else a visible top-level window (mostly the frontmost).

@@ -78,10 +78,13 @@ class Person {
                     options.workFolder + "/stands.slf",
                     options.workFolder + "/places.loc",
                     options.workFolder + "/lolo.cnv",
-                    options.runFolder + "/out.tre",
-                    options.runFolder + "/missing/none.csv",
+                    "$RUN/out.tre",
+                    "$RUN/missing/none.csv",
                     "/proc/x",
-                    options.runFolder};
+                    "$RUN"};
+    for (std::string& path : files_.paths)
+      if (path.rfind(options.runFolder, 0) == 0) path = "$RUN" + path.substr(options.runFolder.size());
+    SetRunFolder(options.runFolder);
     if (!options.replayFile.empty()) {
       replay_ = ReadActions(options.replayFile);
       next_ = options.replayStart;

@@ -143,12 +143,17 @@ Life RunOneLife(const RunOptions& options, RunResult& result, const std::string&
     const double gapMs = std::chrono::duration<double, std::milli>(Clock::now() - lastLine).count();
     const int limit = !started || busy ? options.busyStallMs : options.stallMs;
     if (gapMs > limit) {
+      // Where the event loop is stuck, for the finding's report.
+      const std::string stacks = result.folder + "/life-" + std::to_string(number) + ".stall";
+      const std::string gdb = "gdb -p " + std::to_string(child) +
+                              " -batch -ex 'thread apply all bt 40' >" + stacks + " 2>&1 </dev/null";
+      if (std::system(gdb.c_str()) != 0) std::fprintf(stderr, "exerciser: no stacks of the stalled life\n");
       ::kill(child, SIGKILL);
       ::waitpid(child, &status, 0);
       char text[160];
       std::snprintf(text, sizeof text, "stall: no heartbeat for %.0f ms (the busy window %s)", gapMs,
                     busy ? "up" : "not up");
-      life.finding = text;
+      life.finding = std::string(text) + " [stacks: " + stacks + "]";
       reaped = true;
       break;
     }
