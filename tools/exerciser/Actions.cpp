@@ -113,8 +113,7 @@ void DoubleClick(QWidget* widget, QPoint at) {
 void Drag(QWidget* widget, QPoint from, QPoint to) {
   QPointer<QWidget> alive(widget);
   QTest::mousePress(widget, Qt::LeftButton, {}, from);
-  for (int step = 1; step <= 4 && alive; ++step)
-    QTest::mouseMove(widget, from + (to - from) * step / 4);
+  for (int step = 1; step <= 4 && alive; ++step) QTest::mouseMove(widget, from + (to - from) * step / 4);
   if (alive) QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
 }
 
@@ -129,11 +128,19 @@ void RightClick(QWidget* widget, QPoint at) {
 }
 
 const std::vector<std::pair<std::string, Qt::Key>>& Keys() {
-  static const std::vector<std::pair<std::string, Qt::Key>> keys{
-      {"Tab", Qt::Key_Tab},     {"Backtab", Qt::Key_Backtab}, {"Return", Qt::Key_Return}, {"Escape", Qt::Key_Escape},
-      {"Left", Qt::Key_Left},   {"Right", Qt::Key_Right},     {"Up", Qt::Key_Up},         {"Down", Qt::Key_Down},
-      {"Space", Qt::Key_Space}, {"Delete", Qt::Key_Delete},   {"Home", Qt::Key_Home},     {"End", Qt::Key_End},
-      {"PageDown", Qt::Key_PageDown}};
+  static const std::vector<std::pair<std::string, Qt::Key>> keys{{"Tab", Qt::Key_Tab},
+                                                                 {"Backtab", Qt::Key_Backtab},
+                                                                 {"Return", Qt::Key_Return},
+                                                                 {"Escape", Qt::Key_Escape},
+                                                                 {"Left", Qt::Key_Left},
+                                                                 {"Right", Qt::Key_Right},
+                                                                 {"Up", Qt::Key_Up},
+                                                                 {"Down", Qt::Key_Down},
+                                                                 {"Space", Qt::Key_Space},
+                                                                 {"Delete", Qt::Key_Delete},
+                                                                 {"Home", Qt::Key_Home},
+                                                                 {"End", Qt::Key_End},
+                                                                 {"PageDown", Qt::Key_PageDown}};
   return keys;
 }
 
@@ -156,10 +163,14 @@ void Type(QWidget* window, const std::string& bytes) {
     if (!owner) return;
     const QChar c(static_cast<uchar>(byte));
     Qt::Key key = Qt::Key_unknown;
-    if (c.isDigit()) key = static_cast<Qt::Key>(Qt::Key_0 + c.digitValue());
-    else if (c.toLatin1() >= 'a' && c.toLatin1() <= 'z') key = static_cast<Qt::Key>(Qt::Key_A + (c.toLatin1() - 'a'));
-    else if (c.toLatin1() >= 'A' && c.toLatin1() <= 'Z') key = static_cast<Qt::Key>(Qt::Key_A + (c.toLatin1() - 'A'));
-    else if (c == QLatin1Char(' ')) key = Qt::Key_Space;
+    if (c.isDigit())
+      key = static_cast<Qt::Key>(Qt::Key_0 + c.digitValue());
+    else if (c.toLatin1() >= 'a' && c.toLatin1() <= 'z')
+      key = static_cast<Qt::Key>(Qt::Key_A + (c.toLatin1() - 'a'));
+    else if (c.toLatin1() >= 'A' && c.toLatin1() <= 'Z')
+      key = static_cast<Qt::Key>(Qt::Key_A + (c.toLatin1() - 'A'));
+    else if (c == QLatin1Char(' '))
+      key = Qt::Key_Space;
     QPointer<QWidget> target(KeyTarget(owner));
     QTest::sendKeyEvent(QTest::Press, target.data(), key, QString(c), Qt::NoModifier);
     if (target) QTest::sendKeyEvent(QTest::Release, target.data(), key, QString(c), Qt::NoModifier);
@@ -176,14 +187,23 @@ std::string RandomText(std::mt19937_64& random) {
     case 1:
       for (int i = 1 + Roll(random, 12); i > 0; --i) text += letters[Roll(random, 52)];
       break;
-    case 2: text = std::string(1 + Roll(random, 4), ' '); break;
+    case 2:
+      text = std::string(1 + Roll(random, 4), ' ');
+      break;
     case 3:
       for (int i = 0; i < 300; ++i) text += static_cast<char>(i % 11 == 10 ? ' ' : letters[Roll(random, 52)]);
       break;
-    case 4: text = "\xe9"; break;
-    case 5: text = "\xff"; break;
-    case 6: text = std::to_string(Roll(random, 200) - 50) + "." + std::to_string(Roll(random, 100)); break;
-    default: text = std::string(1, "-,.;:/\\@&\"'*?"[Roll(random, 13)]) + letters[Roll(random, 52)];
+    case 4:
+      text = "\xe9";
+      break;
+    case 5:
+      text = "\xff";
+      break;
+    case 6:
+      text = std::to_string(Roll(random, 200) - 50) + "." + std::to_string(Roll(random, 100));
+      break;
+    default:
+      text = std::string(1, "-,.;:/\\@&\"'*?"[Roll(random, 13)]) + letters[Roll(random, 52)];
   }
   return text;
 }
@@ -205,7 +225,8 @@ QRect CellRect(QAbstractItemView* view, const std::string& cell) {
 }
 
 int RandomSection(QHeaderView* header, std::mt19937_64& random) {
-  const int length = header->orientation() == Qt::Horizontal ? header->viewport()->width() : header->viewport()->height();
+  const int length =
+      header->orientation() == Qt::Horizontal ? header->viewport()->width() : header->viewport()->height();
   return header->logicalIndexAt(Roll(random, std::max(1, length)));
 }
 
@@ -235,8 +256,11 @@ Action ChooseOnControl(QWidget* window, const Control& control, std::mt19937_64&
     action.kind = roll < 40 ? "section" : roll < 70 ? "section-menu" : "section-drag";
     action.data = action.kind == "section-drag" ? Join({from, to}) : std::to_string(from);
   } else if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
-    action.kind = roll < 30 ? "cell" : roll < 45 ? "cell-double" : roll < 65 ? "cell-type" : roll < 80 ? "cell-menu"
-                                                                                                      : "cell-drag";
+    action.kind = roll < 30   ? "cell"
+                  : roll < 45 ? "cell-double"
+                  : roll < 65 ? "cell-type"
+                  : roll < 80 ? "cell-menu"
+                              : "cell-drag";
     action.data = RandomCell(view, random);
     if (action.kind == "cell-drag") action.data += "|" + RandomCell(view, random);
     if (action.kind == "cell-type") action.data += "|" + ToHex(RandomText(random));
@@ -453,8 +477,10 @@ bool Perform(const Action& action) {
     if (header == nullptr || numbers.empty()) return false;
     const QPoint from = SectionPoint(header, numbers[0]);
     if (from.x() < 0) return false;
-    if (action.kind == "section") Click(target, from);
-    else if (action.kind == "section-menu") RightClick(target, from);
+    if (action.kind == "section")
+      Click(target, from);
+    else if (action.kind == "section-menu")
+      RightClick(target, from);
     else {
       const QPoint to = numbers.size() > 1 ? SectionPoint(header, numbers[1]) : from;
       Drag(target, from, to.x() < 0 ? from : to);
@@ -465,9 +491,12 @@ bool Perform(const Action& action) {
     const std::size_t bar = action.data.find('|');
     const QRect rect = CellRect(view, action.data.substr(0, bar));
     if (rect.isEmpty()) return false;
-    if (action.kind == "cell") Click(target, rect.center());
-    else if (action.kind == "cell-double") DoubleClick(target, rect.center());
-    else if (action.kind == "cell-menu") RightClick(target, rect.center());
+    if (action.kind == "cell")
+      Click(target, rect.center());
+    else if (action.kind == "cell-double")
+      DoubleClick(target, rect.center());
+    else if (action.kind == "cell-menu")
+      RightClick(target, rect.center());
     else if (action.kind == "cell-drag") {
       const QRect to = CellRect(view, bar == std::string::npos ? std::string() : action.data.substr(bar + 1));
       Drag(target, rect.center(), to.isEmpty() ? rect.center() : to.center());
@@ -483,8 +512,8 @@ bool Perform(const Action& action) {
 }
 
 bool MaySave(const Action& action) {
-  static const std::vector<std::string> editors{"frmSlf", "frmLocation", "frmHeaders", "frmTemplateName",
-                                                "frmSlfRecord", "frmLocationRecord"};
+  static const std::vector<std::string> editors{"frmSlf",          "frmLocation",  "frmHeaders",
+                                                "frmTemplateName", "frmSlfRecord", "frmLocationRecord"};
   static const std::vector<std::string> saves{"cmdSave", "cmdDone", "cmbNext", "cmdBack", "cmdQuit", "cmdSaveTemplate"};
   const bool editor = std::find(editors.begin(), editors.end(), action.window) != editors.end();
   if (!editor) return false;

@@ -35,11 +35,16 @@ std::string BinaryBytes() {
   std::string bytes;
   for (int i = 0; i < 64 * 1024; ++i) {
     const unsigned roll = random() % 10;
-    if (roll == 0) bytes += '\0';
-    else if (roll == 1) bytes += '\r';
-    else if (roll == 2) bytes += '\n';
-    else if (roll < 6) bytes += static_cast<char>(0x80 + random() % 0x80);
-    else bytes += static_cast<char>(random() % 0x100);
+    if (roll == 0)
+      bytes += '\0';
+    else if (roll == 1)
+      bytes += '\r';
+    else if (roll == 2)
+      bytes += '\n';
+    else if (roll < 6)
+      bytes += static_cast<char>(0x80 + random() % 0x80);
+    else
+      bytes += static_cast<char>(random() % 0x100);
   }
   return bytes;
 }
@@ -68,10 +73,14 @@ std::string Wide() {
 std::string MakeInput(const std::string& name, const std::string& folder, const std::string& survey) {
   if (name == "survey") return fs::absolute(survey).string();
   const std::string path = folder + "/" + name + ".csv";
-  if (name == "empty" || name == "growing") Write(path, "");
-  else if (name == "binary") Write(path, BinaryBytes());
-  else if (name == "longline") Write(path, LongLine());
-  else if (name == "wide") Write(path, Wide());
+  if (name == "empty" || name == "growing")
+    Write(path, "");
+  else if (name == "binary")
+    Write(path, BinaryBytes());
+  else if (name == "longline")
+    Write(path, LongLine());
+  else if (name == "wide")
+    Write(path, Wide());
   return path;
 }
 
@@ -101,7 +110,8 @@ void SeedWorkFolder(const std::string& workFolder, const std::string& installedW
         "C st2 g1 @\r\n");
   Write(workFolder + "/places.loc",
         "A \"North Block\" @ /elsewhere/north.slf @ @\r\n"
-        "A \"South\" @ " + workFolder + "/stands.slf @ @\r\n");
+        "A \"South\" @ " +
+            workFolder + "/stands.slf @ @\r\n");
 }
 
 std::vector<std::string> WatchedFiles(const std::string& workFolder) {

@@ -72,7 +72,9 @@ class WatchedToolkit : public QtToolkit {
 class Person {
  public:
   Person(const LifeOptions& options, WatchedToolkit& toolkit)
-      : options_(options), toolkit_(toolkit), random_(options.seed * 1000003ULL + options.life),
+      : options_(options),
+        toolkit_(toolkit),
+        random_(options.seed * 1000003ULL + options.life),
         saved_(WatchedFiles(options.workFolder)) {
     files_.paths = {options.inputPath,
                     options.workFolder + "/stands.slf",
@@ -94,7 +96,9 @@ class Person {
   void Start() { Arm(); }
 
  private:
-  void Arm() { QTimer::singleShot(options_.replayFile.empty() ? 0 : 5, [this] { Turn(); }); }
+  void Arm() {
+    QTimer::singleShot(options_.replayFile.empty() ? 0 : 5, [this] { Turn(); });
+  }
 
   void Check() {
     const std::string fault = saved_.Check(saving_ > 0);

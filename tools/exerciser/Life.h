@@ -20,9 +20,9 @@ struct LifeOptions {
   std::string workFolder;
   unsigned long long seed = 0;
   int life = 0;
-  long budget = 0;          // actions in this life
-  std::string replayFile;   // replays these actions instead of choosing
-  long replayStart = 0;     // from this one
+  long budget = 0;         // actions in this life
+  std::string replayFile;  // replays these actions instead of choosing
+  long replayStart = 0;    // from this one
 };
 
 int RunLife(int argc, char** argv, const LifeOptions& options);

@@ -53,9 +53,8 @@ void SetUpEnvironment(const std::string& home) {
   setenv("UBSAN_OPTIONS", "halt_on_error=1:print_stacktrace=1", 0);
 }
 
-Life RunOneLife(const RunOptions& options, RunResult& result, const std::string& inputPath,
-                const std::string& work, long budget, const std::string& replayFile, long replayStart,
-                Clock::time_point runStart) {
+Life RunOneLife(const RunOptions& options, RunResult& result, const std::string& inputPath, const std::string& work,
+                long budget, const std::string& replayFile, long replayStart, Clock::time_point runStart) {
   Life life;
   int fds[2];
   if (::pipe(fds) != 0) {
@@ -64,15 +63,15 @@ Life RunOneLife(const RunOptions& options, RunResult& result, const std::string&
   }
   const int number = ++result.lives;
   const std::string errFile = result.folder + "/life-" + std::to_string(number) + ".err";
-  std::vector<std::string> args{options.self,       "--life",
-                                "--pipe-fd",        std::to_string(fds[1]),
-                                "--input",          options.input,
-                                "--input-path",     inputPath,
-                                "--run-folder",     result.folder,
-                                "--work",           work,
-                                "--seed",           std::to_string(options.seed),
-                                "--life-number",    std::to_string(number),
-                                "--actions",        std::to_string(budget)};
+  std::vector<std::string> args{options.self,    "--life",
+                                "--pipe-fd",     std::to_string(fds[1]),
+                                "--input",       options.input,
+                                "--input-path",  inputPath,
+                                "--run-folder",  result.folder,
+                                "--work",        work,
+                                "--seed",        std::to_string(options.seed),
+                                "--life-number", std::to_string(number),
+                                "--actions",     std::to_string(budget)};
   if (!replayFile.empty()) {
     args.insert(args.end(), {"--replay", replayFile, "--replay-start", std::to_string(replayStart)});
   }
@@ -145,8 +144,8 @@ Life RunOneLife(const RunOptions& options, RunResult& result, const std::string&
     if (gapMs > limit) {
       // Where the event loop is stuck, for the finding's report.
       const std::string stacks = result.folder + "/life-" + std::to_string(number) + ".stall";
-      const std::string gdb = "gdb -p " + std::to_string(child) +
-                              " -batch -ex 'thread apply all bt 40' >" + stacks + " 2>&1 </dev/null";
+      const std::string gdb =
+          "gdb -p " + std::to_string(child) + " -batch -ex 'thread apply all bt 40' >" + stacks + " 2>&1 </dev/null";
       if (std::system(gdb.c_str()) != 0) std::fprintf(stderr, "exerciser: no stacks of the stalled life\n");
       ::kill(child, SIGKILL);
       ::waitpid(child, &status, 0);
@@ -167,7 +166,8 @@ Life RunOneLife(const RunOptions& options, RunResult& result, const std::string&
   ::close(fds[0]);
   if (life.timeUp || !life.finding.empty()) return life;
   const std::string sanitizer = SanitizerLine(errFile);
-  if (!sanitizer.empty()) life.finding = "sanitizer report: " + sanitizer;
+  if (!sanitizer.empty())
+    life.finding = "sanitizer report: " + sanitizer;
   else if (WIFSIGNALED(status))
     life.finding = "crash: signal " + std::to_string(WTERMSIG(status)) + " (" + strsignal(WTERMSIG(status)) + ")";
   else if (WIFEXITED(status) && !life.orderlyEnd && !life.budgetSpent)

@@ -12,7 +12,7 @@
 namespace corvalin::exerciser {
 
 struct RunOptions {
-  std::string self;    // this program, to start the lives
+  std::string self;  // this program, to start the lives
   std::string input;
   std::string survey;  // the survey file for the "survey" input
   unsigned long long seed = 1;

@@ -29,8 +29,10 @@ std::map<std::string, std::string> Arguments(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     const std::string name = argv[i];
     if (name.rfind("--", 0) != 0) continue;
-    if (name == "--life") args[name] = "1";
-    else if (i + 1 < argc) args[name] = argv[++i];
+    if (name == "--life")
+      args[name] = "1";
+    else if (i + 1 < argc)
+      args[name] = argv[++i];
   }
   return args;
 }
@@ -51,8 +53,9 @@ void PrintSet(const char* what, const Set& items) {
 std::string Record(const RunOptions& options, const std::string& finding, const std::vector<Action>& actions) {
   std::filesystem::create_directories("exercise-findings");
   const std::string path = "exercise-findings/" + options.input + "-seed" + std::to_string(options.seed) + ".actions";
-  WriteActions(path, actions,
-               "# input " + options.input + "\n# seed " + std::to_string(options.seed) + "\n# finding " + finding + "\n");
+  WriteActions(
+      path, actions,
+      "# input " + options.input + "\n# seed " + std::to_string(options.seed) + "\n# finding " + finding + "\n");
   std::printf("  finding: %s\n  seed %llu, input %s, %zu actions to reproduce (%s):\n", finding.c_str(), options.seed,
               options.input.c_str(), actions.size(), path.c_str());
   for (const Action& action : actions) std::printf("    %s\n", Serialize(action).c_str());
@@ -124,8 +127,10 @@ int main(int argc, char** argv) {
     std::ifstream in(file);
     std::string line;
     while (std::getline(in, line))
-      if (line.rfind("# input ", 0) == 0 && input.empty()) input = line.substr(8);
-      else if (line.rfind("# seed ", 0) == 0) options.seed = std::strtoull(line.substr(7).c_str(), nullptr, 10);
+      if (line.rfind("# input ", 0) == 0 && input.empty())
+        input = line.substr(8);
+      else if (line.rfind("# seed ", 0) == 0)
+        options.seed = std::strtoull(line.substr(7).c_str(), nullptr, 10);
     if (input.empty()) input = "survey";
   }
   if (input.empty()) input = "survey";
