@@ -359,8 +359,14 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
   const int roll = Roll(random, 100);
   if (qobject_cast<QFileDialog*>(window) && roll < 70 && !files.paths.empty()) {
     action.kind = "file";
-    // The input most often: a person mostly opens the file to translate.
-    const int pick = Roll(random, 2) == 0 ? 0 : Roll(random, static_cast<int>(files.paths.size()));
+    // Half the time the file the dialog asks for (its title says which: the
+    // stand list, the location file, else the input), so that the lives
+    // reach the screens past it; else any of them.
+    const std::string title = Std(window->windowTitle());
+    const int fitting = title.find("Stand List") != std::string::npos ? 1
+                        : title.find("Location") != std::string::npos ? 2
+                                                                      : 0;
+    const int pick = Roll(random, 2) == 0 ? fitting : Roll(random, static_cast<int>(files.paths.size()));
     action.data = ToHex(files.paths[pick]);
     return action;
   }
@@ -519,6 +525,11 @@ bool MaySave(const Action& action) {
   if (!editor) return false;
   if (action.kind == "close" || action.kind == "key" || action.kind == "type") return true;
   return std::find(saves.begin(), saves.end(), action.control) != saves.end();
+}
+
+bool MayRemove(const Action& action) {
+  if (action.window != "frmTemplate") return false;
+  return action.control == "cmdDeleteTemplate" || action.kind == "key";
 }
 
 }  // namespace corvalin::exerciser

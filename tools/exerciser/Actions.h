@@ -15,7 +15,8 @@
 namespace corvalin::exerciser {
 
 // Where the file dialogs may be pointed: an existing file, a missing path,
-// one that cannot be written, a folder.
+// one that cannot be written, a folder. The first three are the input, the
+// stand list and the location file.
 // Paths under the run's scratch folder are logged as "$RUN/...", so that a
 // replay in a new folder points at the same files.
 struct FileChoices {
@@ -40,5 +41,8 @@ bool Perform(const Action& action);
 // press a save (Save Template, the editors' Save, Done, Next, Back, Quit), or
 // closes or types keys into an editor that asks to save.
 bool MaySave(const Action& action);
+// Whether the action may remove the template: Delete on the first screen,
+// by click or by a key on its focused button.
+bool MayRemove(const Action& action);
 
 }  // namespace corvalin::exerciser

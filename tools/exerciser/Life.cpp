@@ -101,7 +101,7 @@ class Person {
   }
 
   void Check() {
-    const std::string fault = saved_.Check(saving_ > 0);
+    const std::string fault = saved_.Check(saving_ > 0, removing_ > 0);
     if (!fault.empty()) Finding("saved file: " + fault);
   }
 
@@ -130,10 +130,13 @@ class Person {
     Tell("A " + Serialize(action));
     Arm();
     const bool save = MaySave(action);
+    const bool remove = MayRemove(action);
     saving_ += save ? 1 : 0;
+    removing_ += remove ? 1 : 0;
     Perform(action);
     Check();
     saving_ -= save ? 1 : 0;
+    removing_ -= remove ? 1 : 0;
   }
 
   // The budget is spent: the files are checked once more after the events
@@ -156,6 +159,7 @@ class Person {
   long next_ = 0;
   long done_ = 0;
   int saving_ = 0;
+  int removing_ = 0;
   bool finishing_ = false;
 };
 

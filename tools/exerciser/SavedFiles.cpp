@@ -76,12 +76,16 @@ SavedFiles::SavedFiles(std::vector<std::string> paths) : paths_(std::move(paths)
   for (const std::string& path : paths_) kept_[path] = Read(path);
 }
 
-std::string SavedFiles::Check(bool saving) {
+std::string SavedFiles::Check(bool saving, bool removing) {
   for (const std::string& path : paths_) {
     const std::optional<std::string> now = Read(path);
     std::optional<std::string>& kept = kept_[path];
     if (now == kept) continue;
     const std::string name = NameOf(path);
+    if (!now && removing && EndsWith(path, TemplateExtension)) {
+      kept = now;
+      continue;
+    }
     if (!saving) {
       if (!now) return name + " went missing outside a save";
       return name + " changed outside a save (" + std::to_string(kept ? kept->size() : 0) + " bytes before, " +

@@ -16,8 +16,9 @@ class SavedFiles {
   explicit SavedFiles(std::vector<std::string> paths);
   // What is wrong with the files now, or empty. While a save is pressed
   // (`saving`) a file may change, to a whole file that reads back; its new
-  // content is then the one to keep.
-  std::string Check(bool saving);
+  // content is then the one to keep. While a Delete is pressed (`removing`)
+  // the template may go.
+  std::string Check(bool saving, bool removing);
 
  private:
   std::vector<std::string> paths_;

@@ -50,9 +50,11 @@ void PrintSet(const char* what, const Set& items) {
 }
 
 // Writes the finding's action list and prints it; returns its path.
-std::string Record(const RunOptions& options, const std::string& finding, const std::vector<Action>& actions) {
+std::string Record(const RunOptions& options, const std::string& finding, const std::vector<Action>& actions,
+                   const std::string& suffix) {
   std::filesystem::create_directories("exercise-findings");
-  const std::string path = "exercise-findings/" + options.input + "-seed" + std::to_string(options.seed) + ".actions";
+  const std::string path =
+      "exercise-findings/" + options.input + "-seed" + std::to_string(options.seed) + suffix + ".actions";
   WriteActions(
       path, actions,
       "# input " + options.input + "\n# seed " + std::to_string(options.seed) + "\n# finding " + finding + "\n");
@@ -76,13 +78,13 @@ bool RunInput(RunOptions options, double shrinkSeconds, const std::vector<Action
     return true;
   }
   std::vector<Action> actions = result.log;
-  Record(options, result.finding, actions);
+  Record(options, result.finding, actions, "");
   if (shrinkSeconds > 0 && replay == nullptr) {
     const std::string kind = FindingKind(result.finding);
     if (Reproduces(options, actions, kind)) {
       actions = Shrink(options, actions, kind, shrinkSeconds);
       std::printf("  shrunk:\n");
-      Record(options, result.finding, actions);
+      Record(options, result.finding, actions, "-shrunk");
     } else {
       std::printf("  the replay of the whole list did not bring the finding again\n");
     }
