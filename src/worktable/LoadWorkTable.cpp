@@ -200,7 +200,7 @@ void LoadLines(const std::string& inputPath, const ColumnFormat& format) {
     // The last rows go in while the run goes on: the grid, the validation and
     // the translation read the image, and anything that uses the database
     // waits for them first.
-    engine.FinishLater(std::move(writer));
+    engine.FinishLater(connection, std::move(writer));
   }
   engine.AdoptRows(std::move(image));
 }

@@ -168,8 +168,7 @@ std::unique_ptr<PreparedStatement> clsDBEngine::Prepare(const std::string& sql) 
 
 std::shared_ptr<Connection> clsDBEngine::Current() const { return RequireOpen(); }
 
-void clsDBEngine::FinishLater(std::unique_ptr<TableWriter> writer) {
-  auto connection = RequireOpen();
+void clsDBEngine::FinishLater(const std::shared_ptr<Connection>& connection, std::unique_ptr<TableWriter> writer) {
   corvalin::FinishWrites(*connection);
   connection->writer = std::move(writer);
 }

@@ -79,9 +79,12 @@ class clsDBEngine {
   std::unique_ptr<PreparedStatement> Prepare(const std::string& sql);
   // The open connection, for the load's writer.
   std::shared_ptr<Connection> Current() const;
-  // The load's rows, still going into the table: they are waited for at
-  // the next use of the database.
-  void FinishLater(std::unique_ptr<TableWriter> writer);
+  // The load's rows, still going into the table of the connection the load
+  // wrote to: they are waited for at that connection's next use, or when it
+  // goes. The writer lays pages into that connection's file, so it stays
+  // with it even when the database was let go and opened again while the
+  // load ran (a click among the pending events under the busy window).
+  void FinishLater(const std::shared_ptr<Connection>& connection, std::unique_ptr<TableWriter> writer);
   // Waits for the load's rows of the open or the closed connection.
   void FinishWrites();
 

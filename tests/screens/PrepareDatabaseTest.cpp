@@ -574,6 +574,26 @@ TEST_F(LoadTable, CancelAfterLineTenKeepsTenRowsAndTheNextLoadStartsOver) {
   EXPECT_FALSE(Run().BusyCancelled);
 }
 
+// A click among the pending events of a load (under its busy window) that
+// starts the load again replaces the working database while the first load
+// still writes. The first load's last rows go into the file it wrote to, and
+// the new file holds the second load's rows, whole: the first load's pages
+// never go into the new file's connection, whose file they are not of.
+TEST_F(LoadTable, ALoadStartedAgainAmongTheEventsOfALoadKeepsItsRowsToItsOwnFile) {
+  Input(Lines(3000));
+  ui.onDoEvents = [&] {
+    if (ui.busyWindow.empty() || ui.busyWindow.back().second != "Pulling columns from line: 10") return;
+    ui.onDoEvents = nullptr;
+    Run().ReloadNeeded = true;
+    PrepareDatabase();
+  };
+  PrepareDatabase();
+  EXPECT_TRUE(ui.boxes.empty());
+  const auto rows = Rows();
+  ASSERT_EQ(rows.size(), 3000u);
+  EXPECT_EQ(rows.back()[0], "3000");
+}
+
 TEST_F(LoadTable, ReloadWhileTheGridHoldsTheDatabaseOpenReplacesTheFile) {
   frmColumns& screen = Input("1,a\r\n");
   screen.cmdNext_Click();
