@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QStyle>
 #include <map>
 
@@ -65,6 +66,11 @@ void Prepare(QFileDialog& dialog) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);
   dialog.setIconProvider(&Icons());
+  // The listing is read when a folder is opened, not watched for changes:
+  // the watch of every folder the person passed through is taken down when
+  // the dialog closes, one at a time, and after a browse through many
+  // folders that held the window for seconds.
+  if (auto* model = dialog.findChild<QFileSystemModel*>()) model->setOption(QFileSystemModel::DontWatchForChanges);
 }
 
 // Runs the dialog; the window that opened it has the keyboard again after

@@ -136,6 +136,33 @@ class FileDialogTest : public QObject {
     QVERIFY(plots != trees);
   }
 
+  // The folders the person browses through are read when opened, not
+  // watched: taking the watches down one by one held the window for seconds
+  // when the dialog closed after a long browse.
+  void theDialogsWatchNoFolder() {
+    bool watching = true;
+    WhenModal([&](QWidget* modal) {
+      auto* model = modal->findChild<QFileSystemModel*>();
+      QVERIFY(model != nullptr);
+      watching = !model->testOption(QFileSystemModel::DontWatchForChanges);
+      qobject_cast<QFileDialog*>(modal)->reject();
+    });
+    QtToolkit toolkit;
+    QCOMPARE(toolkit.BrowseForFolder("Select the Data folder", "/tmp/"), std::string());
+    QVERIFY(!watching);
+    watching = true;
+    WhenModal([&](QWidget* modal) {
+      watching = !modal->findChild<QFileSystemModel*>()->testOption(QFileSystemModel::DontWatchForChanges);
+      qobject_cast<QFileDialog*>(modal)->reject();
+    });
+    FileDialogRequest request;
+    request.title = "Select Input File";
+    request.initialFolder = "/tmp/";
+    request.filter = "All Files (*.*)|*.*";
+    QCOMPARE(toolkit.ShowFileDialog(request), std::string());
+    QVERIFY(!watching);
+  }
+
   void theFolderDialogListsProcAndCloses() {
     QtToolkit toolkit;
     Listing seen;
