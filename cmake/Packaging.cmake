@@ -33,6 +33,12 @@ if(CORVALIN_DESKTOP)
   endforeach()
 endif()
 
+# The Convert folder, which the program makes beside the installation files
+# when it may write there, comes empty with the installation: a run as root
+# then finds it, and the package owns it, so that removing the package
+# leaves no folder of its own behind.
+install(DIRECTORY DESTINATION share/corvalin/Convert)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME corvalin)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})

@@ -47,7 +47,7 @@ dpkg-deb --contents "$deb" >"$scratch/contents"
 awk '{print $6}' "$scratch/contents" >"$scratch/paths"
 grep -v '^\./usr/' "$scratch/paths" | grep -vx '\./' && fail "paths outside /usr"
 build_tree=$(cd "$build" && pwd)
-for unwanted in "$build_tree" "$PWD" /tests/ /CMakeFiles/ .keep /Convert '\.o$' '\.a$' result.txt TFT.mdb$; do
+for unwanted in "$build_tree" "$PWD" /tests/ /CMakeFiles/ .keep '/Convert/.' '\.o$' '\.a$' result.txt TFT.mdb$; do
   grep -E -- "$unwanted" "$scratch/paths" | grep -v '/EmptyTFT\.mdb$' && fail "the package holds $unwanted"
 done
 required=(
@@ -55,6 +55,7 @@ required=(
   ./usr/lib/corvalin/corvalin-desktop.so
   ./usr/share/corvalin/EmptyTFT.mdb
   ./usr/share/corvalin/Data/
+  ./usr/share/corvalin/Convert/
   ./usr/share/corvalin/Work/lolo.cnv
   ./usr/share/corvalin/Help/Orvanta.html
   ./usr/share/man/man1/corvalin.1.gz
