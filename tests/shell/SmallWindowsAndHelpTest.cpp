@@ -1,6 +1,8 @@
 // The busy window, the append question and help.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "TestSupport.h"
 #include "shell/Busy.h"
 #include "shell/Help.h"
@@ -97,22 +99,26 @@ TEST_F(SmallWindows, ClosingTheAppendQuestionByItsWindowControlCancels) {
 }
 
 TEST_F(SmallWindows, ShowHelpWithAContextOfZeroShowsTheContentsOnly) {
-  EXPECT_TRUE(ShowHelp(4, "/h/Orvanta.html", 0));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(4, help, 0));
   ASSERT_EQ(ui.helpOpened.size(), 1u);
-  EXPECT_EQ(ui.helpOpened[0], std::make_pair(std::string("/h/Orvanta.html"), std::string("contents")));
+  EXPECT_EQ(ui.helpOpened[0], std::make_pair(help, std::string("contents")));
+  EXPECT_TRUE(ui.boxes.empty());
 }
 
 TEST_F(SmallWindows, ShowHelpWithAContextOpensItsTopic) {
-  EXPECT_TRUE(ShowHelp(4, "/h/Orvanta.html", 7));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(4, help, 7));
   ASSERT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_EQ(ui.helpOpened[0].second, "context-7");
 }
 
 TEST_F(SmallWindows, ShowHelpCommandsZeroToThree) {
-  EXPECT_TRUE(ShowHelp(0, "f", 9));
-  EXPECT_TRUE(ShowHelp(1, "f", 9));
-  EXPECT_TRUE(ShowHelp(2, "f", 9));
-  EXPECT_TRUE(ShowHelp(3, "f", 9));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(0, help, 9));
+  EXPECT_TRUE(ShowHelp(1, help, 9));
+  EXPECT_TRUE(ShowHelp(2, help, 9));
+  EXPECT_TRUE(ShowHelp(3, help, 9));
   ASSERT_EQ(ui.helpOpened.size(), 4u);
   EXPECT_EQ(ui.helpOpened[0].second, "");
   EXPECT_EQ(ui.helpOpened[1].second, "contents");
@@ -121,14 +127,50 @@ TEST_F(SmallWindows, ShowHelpCommandsZeroToThree) {
 }
 
 TEST_F(SmallWindows, ShowHelpWithAnotherCommandDoesNothingAndGivesFalse) {
-  EXPECT_FALSE(ShowHelp(5, "f", 7));
-  EXPECT_FALSE(ShowHelp(-1, "f", 7));
+  const std::string help = PlaceHelpFile();
+  EXPECT_FALSE(ShowHelp(5, help, 7));
+  EXPECT_FALSE(ShowHelp(-1, help, 7));
   EXPECT_TRUE(ui.helpOpened.empty());
+  EXPECT_TRUE(ui.boxes.empty());
+}
+
+TEST_F(SmallWindows, AMissingHelpFileIsSaidWithItsPathAndNoBrowserIsAsked) {
+  const std::string help = (home / "Help" / "Orvanta.html").string();
+  EXPECT_FALSE(ShowHelp(4, help, 7));
+  EXPECT_TRUE(ui.helpOpened.empty());
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "The help file could not be found:\r\n\r\n" + help);
+  EXPECT_EQ(ui.boxes[0].title, "Orvanta - Corvalin - Help");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Exclamation);
+  EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
+}
+
+TEST_F(SmallWindows, AFolderInPlaceOfTheHelpFileIsAMissingFile) {
+  const std::string folder = (home / "Help").string();
+  std::filesystem::create_directories(folder);
+  EXPECT_FALSE(ShowHelp(4, folder, 0));
+  EXPECT_TRUE(ui.helpOpened.empty());
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "The help file could not be found:\r\n\r\n" + folder);
+}
+
+TEST_F(SmallWindows, NoBrowserToShowTheHelpIsSaidWithTheFilesPath) {
+  const std::string help = PlaceHelpFile();
+  ui.browserStarts = false;
+  EXPECT_FALSE(ShowHelp(4, help, 24));
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-24");
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text,
+            "No web browser could be started to show the help. Open this file in your browser:\r\n\r\n" + help);
+  EXPECT_EQ(ui.boxes[0].title, "Orvanta - Corvalin - Help");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Exclamation);
+  EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
 }
 
 TEST_F(SmallWindows, HelpPageHasASectionForEveryContextTheProgramUses) {
   const std::string page = testing::ReadFile(testing::SourceDir() / "data" / "Help" / "Orvanta.html");
-  for (int context : {6, 7, 10, 20, 24, 140, 180, 210, 220, 230, 240, 250})
+  for (int context : {6, 7, 10, 20, 24, 30, 40, 50, 60, 70, 80, 90, 100, 140, 180, 210, 220, 230, 240, 250})
     EXPECT_NE(page.find("id=\"" + HelpTopicOfContext(context) + "\""), std::string::npos) << context;
   for (const char* topic : {"contents", "index", "search"})
     EXPECT_NE(page.find(std::string("id=\"") + topic + "\""), std::string::npos) << topic;
