@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
+#include <set>
 
 #include "TestSupport.h"
 #include "shell/Busy.h"
@@ -174,6 +176,37 @@ TEST_F(SmallWindows, HelpPageHasASectionForEveryContextTheProgramUses) {
     EXPECT_NE(page.find("id=\"" + HelpTopicOfContext(context) + "\""), std::string::npos) << context;
   for (const char* topic : {"contents", "index", "search"})
     EXPECT_NE(page.find(std::string("id=\"") + topic + "\""), std::string::npos) << topic;
+}
+
+// Every picture of the installed help is installed beside it, every link
+// within the page has its target, and no id is given twice.
+TEST_F(SmallWindows, InstalledHelpHasEveryPictureAndEveryLinkTarget) {
+  const std::filesystem::path helpFolder = testing::BinaryDir() / "share" / "corvalin" / "Help";
+  const std::string page = testing::ReadFile(helpFolder / HelpFileName);
+  EXPECT_EQ(page, testing::ReadFile(testing::SourceDir() / "data" / "Help" / HelpFileName));
+
+  std::set<std::string> ids;
+  const std::regex id(R"re(\bid="([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), id); it != std::sregex_iterator(); ++it)
+    EXPECT_TRUE(ids.insert((*it)[1]).second) << "id given twice: " << (*it)[1];
+
+  int links = 0;
+  const std::regex href(R"re(href="#([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), href); it != std::sregex_iterator(); ++it, ++links)
+    EXPECT_EQ(ids.count((*it)[1]), 1u) << "no target for #" << (*it)[1];
+  EXPECT_GT(links, 40);
+
+  int pictures = 0;
+  const std::regex img(R"re(<img src="([^"]*)" alt="([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), img); it != std::sregex_iterator(); ++it, ++pictures) {
+    EXPECT_TRUE(std::filesystem::is_regular_file(helpFolder / (*it)[1].str())) << (*it)[1];
+    EXPECT_FALSE((*it)[2].str().empty()) << (*it)[1];
+  }
+  // Each picture has its alt text: an <img without one would not match.
+  std::size_t tags = 0;
+  for (std::size_t at = page.find("<img"); at != std::string::npos; at = page.find("<img", at + 1)) ++tags;
+  EXPECT_EQ(static_cast<std::size_t>(pictures), tags);
+  EXPECT_GE(pictures, 28);
 }
 
 }  // namespace
