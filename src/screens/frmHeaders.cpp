@@ -33,7 +33,6 @@ namespace corvalin {
 namespace {
 
 constexpr const char* kSettingsSection = "Corvalin";
-constexpr int kHelpContextHeaders = 24;
 
 std::string Field(int column) { return "c" + std::to_string(column); }
 
@@ -122,7 +121,7 @@ void frmHeaders::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "Headers";
     Caption = std::string(ApplicationTitle) + " - Identify Columns, Create Template and Treelist";
-    HelpContextID = kHelpContextHeaders;
+    HelpContextID = kHelpContext;
     Run().TranslationDone = false;
     OpenDatabase();
     BindRecords(TftRecords());

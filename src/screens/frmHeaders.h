@@ -45,6 +45,9 @@ class frmHeaders : public Screen {
   ~frmHeaders() override;
   const char* Name() const override { return "frmHeaders"; }
 
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 24;
+
   void Form_Load() override;
   void Form_Activate() override;
   // Lets go of the grid's rows and the working database.

@@ -3,10 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/QtTest>
 #include <functional>
@@ -17,6 +20,17 @@
 using namespace corvalin;
 
 namespace {
+
+// Takes the help pages the toolkit opens in place of the browser.
+class UrlCatcher : public QObject {
+  Q_OBJECT
+
+ public:
+  QList<QUrl> opened;
+
+ public slots:
+  void Open(const QUrl& url) { opened << url; }
+};
 
 // Once the modal window is up, does something with it.
 void WhenModalIsUp(std::function<void(QWidget*)> act) {
@@ -211,9 +225,33 @@ class QtToolkitTest : public QObject {
              QStringLiteral("Location (*.loc);;All Files (*)"));
   }
 
-  void MissingHelpFileCannotBeShown() {
+  void HelpGoesToTheBrowserAsTheFileAtItsTopic() {
     QtToolkit toolkit;
-    QVERIFY(!toolkit.OpenHelp("/nonexistent/Orvanta.html", "context-7"));
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "Open");
+    const bool shown = toolkit.OpenHelp("/opt/corvalin/share/corvalin/Help/Orvanta.html", "context-7");
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QVERIFY(shown);
+    QCOMPARE(catcher.opened.size(), 1);
+    QCOMPARE(catcher.opened[0].toString(), QStringLiteral("file:///opt/corvalin/share/corvalin/Help/Orvanta.html#context-7"));
+  }
+
+  void WithoutABrowserOnThePathHelpCannotBeShown() {
+    // A PATH of one empty folder: neither xdg-open nor any browser is found.
+    QTemporaryDir empty;
+    QVERIFY(empty.isValid());
+    const QByteArray path = qgetenv("PATH");
+    const QByteArray browser = qgetenv("BROWSER");
+    const QByteArray defaultBrowser = qgetenv("DEFAULT_BROWSER");
+    qputenv("PATH", QFile::encodeName(empty.path()));
+    qunsetenv("BROWSER");
+    qunsetenv("DEFAULT_BROWSER");
+    QtToolkit toolkit;
+    const bool shown = toolkit.OpenHelp(CORVALIN_SOURCE_DIR "/data/Help/Orvanta.html", "contents");
+    qputenv("PATH", path);
+    if (!browser.isNull()) qputenv("BROWSER", browser);
+    if (!defaultBrowser.isNull()) qputenv("DEFAULT_BROWSER", defaultBrowser);
+    QVERIFY(!shown);
   }
 };
 
