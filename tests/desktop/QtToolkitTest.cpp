@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/QtTest>
 #include <functional>
@@ -234,24 +233,6 @@ class QtToolkitTest : public QObject {
     QVERIFY(shown);
     QCOMPARE(catcher.opened.size(), 1);
     QCOMPARE(catcher.opened[0].toString(), QStringLiteral("file:///opt/corvalin/share/corvalin/Help/Orvanta.html#context-7"));
-  }
-
-  void WithoutABrowserOnThePathHelpCannotBeShown() {
-    // A PATH of one empty folder: neither xdg-open nor any browser is found.
-    QTemporaryDir empty;
-    QVERIFY(empty.isValid());
-    const QByteArray path = qgetenv("PATH");
-    const QByteArray browser = qgetenv("BROWSER");
-    const QByteArray defaultBrowser = qgetenv("DEFAULT_BROWSER");
-    qputenv("PATH", QFile::encodeName(empty.path()));
-    qunsetenv("BROWSER");
-    qunsetenv("DEFAULT_BROWSER");
-    QtToolkit toolkit;
-    const bool shown = toolkit.OpenHelp(CORVALIN_SOURCE_DIR "/data/Help/Orvanta.html", "contents");
-    qputenv("PATH", path);
-    if (!browser.isNull()) qputenv("BROWSER", browser);
-    if (!defaultBrowser.isNull()) qputenv("DEFAULT_BROWSER", defaultBrowser);
-    QVERIFY(!shown);
   }
 };
 
