@@ -34,8 +34,8 @@ FileReplaceHook& Hook() {
   return hook;
 }
 
-void Tell(ReplaceMoment moment, std::size_t written) {
-  if (Hook()) Hook()(moment, written);
+void Tell(const std::string& target, ReplaceMoment moment, std::size_t written) {
+  if (Hook()) Hook()(target, moment, written);
 }
 
 std::string FolderOf(const std::string& path) {
@@ -92,7 +92,8 @@ int Resolve(const std::string& path, std::string* target, struct stat* info, boo
   return ELOOP;
 }
 
-int WriteAll(int fd, std::string_view bytes, bool tell) {
+// Tells the moments of the target when there is one.
+int WriteAll(int fd, std::string_view bytes, const std::string* target) {
   std::size_t done = 0;
   while (done < bytes.size()) {
     const std::size_t piece = std::min(kReplacePieceBytes, bytes.size() - done);
@@ -106,7 +107,7 @@ int WriteAll(int fd, std::string_view bytes, bool tell) {
       sent += static_cast<std::size_t>(n);
     }
     done += piece;
-    if (tell) Tell(ReplaceMoment::Written, done);
+    if (target != nullptr) Tell(*target, ReplaceMoment::Written, done);
   }
   return 0;
 }
@@ -116,7 +117,7 @@ int WriteAll(int fd, std::string_view bytes, bool tell) {
 std::optional<ReplaceFailure> WriteInPlace(const std::string& path, std::string_view bytes) {
   const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY, 0666);
   if (fd < 0) return ReplaceFailure{errno, false};
-  if (const int code = WriteAll(fd, bytes, false); code != 0) {
+  if (const int code = WriteAll(fd, bytes, nullptr); code != 0) {
     ::close(fd);
     return ReplaceFailure{code, true};
   }
@@ -225,13 +226,13 @@ std::optional<ReplaceFailure> TryReplaceFileWhole(const std::string& path, std::
     }
     if (::fchmod(fd, old.st_mode & 07777) != 0) return Abandon(newPath, fd, errno);
   }
-  Tell(ReplaceMoment::Written, 0);
-  if (const int code = WriteAll(fd, bytes, true); code != 0) return Abandon(newPath, fd, code);
+  Tell(target, ReplaceMoment::Written, 0);
+  if (const int code = WriteAll(fd, bytes, &target); code != 0) return Abandon(newPath, fd, code);
   if (::fsync(fd) != 0) return Abandon(newPath, fd, errno);
   if (::close(fd) != 0) return Abandon(newPath, -1, errno);
   if (::rename(newPath.c_str(), target.c_str()) != 0) return Abandon(newPath, -1, errno);
   KeepWhenProcessEnds(newPath);
-  Tell(ReplaceMoment::Replaced, bytes.size());
+  Tell(target, ReplaceMoment::Replaced, bytes.size());
   // The new name itself reaches the disk; the file is in place whatever this
   // gives.
   const int dir = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

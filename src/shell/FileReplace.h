@@ -44,10 +44,12 @@ std::optional<ReplaceFailure> TryReplaceFileWhole(const std::string& path, std::
 // found, 61 disk full, 75 path/file access error otherwise).
 void ReplaceFileWhole(const std::string& path, std::string_view bytes);
 
-// The moments of a replacement that tests may stop at: the new file was
-// written this far (first at 0, just made), or it took the old one's name.
+// The moments of a replacement that tests may stop at: the new file for the
+// target (the file the path leads to) was written this far (first at 0, just
+// made), or it took the target's name.
 enum class ReplaceMoment { Written, Replaced };
-using FileReplaceHook = std::function<void(ReplaceMoment moment, std::size_t written)>;
+using FileReplaceHook =
+    std::function<void(const std::string& target, ReplaceMoment moment, std::size_t written)>;
 // Empty: no hook.
 void SetFileReplaceHook(FileReplaceHook hook);
 
