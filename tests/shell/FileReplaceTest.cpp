@@ -412,6 +412,29 @@ TEST_F(FileReplacing, AProcessKilledWhileSavingLeavesTheOldFileOrTheNewOneNeverA
   EXPECT_EQ(testing::ReadFile(path), "whole\r\n");
 }
 
+TEST_F(FileReplacing, AProcessTerminatedWhileSavingRemovesItsNewFile) {
+  const auto contents = BigContents();
+  const fs::path folder = home / "kill";
+  fs::create_directory(folder);
+  const fs::path path = folder / "big.bin";
+  const Stop stop{1, ReplaceMoment::Written, 2 * kReplacePieceBytes};
+  int pipe[2];
+  ASSERT_EQ(::pipe(pipe), 0);
+  const pid_t child = StartSaving(path, contents, &stop, pipe[1]);
+  ::close(pipe[1]);
+  char said = 0;
+  ASSERT_EQ(::read(pipe[0], &said, 1), 1);
+  ::close(pipe[0]);
+  ASSERT_EQ(said, 's');
+  EXPECT_EQ(NewFilesBeside(folder), 1u);
+  ::kill(child, SIGTERM);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
+  EXPECT_EQ(WhichContent(path, contents), 0);
+  EXPECT_EQ(NamesIn(folder), std::set<std::string>{"big.bin"});
+}
+
 TEST_F(FileReplacing, TheNewFileOfAProcessStillGoingIsLeftAlone) {
   const fs::path path = home / "list.slf";
   std::string newName;
