@@ -162,7 +162,8 @@ int MakeNewFile(const std::string& folder, const std::string& name, bool replaci
   const std::string start = folder + MachinePrefixOf(name) + std::to_string(::getpid()) + "-";
   for (int tries = 0; tries < kNameTries; ++tries) {
     *newPath = start + RandomEnd();
-    const int fd = ::open(newPath->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, replacing ? 0600 : 0666);
+    const int fd =
+        ::open(newPath->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, replacing ? 0600 : 0666);
     if (fd >= 0 || errno != EEXIST) return fd;
   }
   errno = EEXIST;

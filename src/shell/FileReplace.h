@@ -48,8 +48,7 @@ void ReplaceFileWhole(const std::string& path, std::string_view bytes);
 // target (the file the path leads to) was written this far (first at 0, just
 // made), or it took the target's name.
 enum class ReplaceMoment { Written, Replaced };
-using FileReplaceHook =
-    std::function<void(const std::string& target, ReplaceMoment moment, std::size_t written)>;
+using FileReplaceHook = std::function<void(const std::string& target, ReplaceMoment moment, std::size_t written)>;
 // Empty: no hook.
 void SetFileReplaceHook(FileReplaceHook hook);
 

@@ -261,8 +261,7 @@ TEST_F(FileReplacing, AWritableFileInAFolderWhereNothingMayBeMadeIsWrittenInPlac
   GiveToOtherUser(path);
   fs::permissions(folder, static_cast<fs::perms>(0555));
   const ino_t inode = InodeOf(path);
-  const std::string said =
-      AsOrdinaryUser([&] { return ErrorOf([&] { WriteLinesInPlace(path.string(), {"new"}); }); });
+  const std::string said = AsOrdinaryUser([&] { return ErrorOf([&] { WriteLinesInPlace(path.string(), {"new"}); }); });
   EXPECT_EQ(said, "0");
   EXPECT_EQ(testing::ReadFile(path), "new\r\n");
   EXPECT_EQ(InodeOf(path), inode);
