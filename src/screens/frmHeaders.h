@@ -22,6 +22,7 @@
 namespace corvalin {
 
 class frmTemplateName;
+class ProfileFileEdit;
 class frmDamageSeverity;
 class StateDigest;
 
@@ -248,6 +249,9 @@ class frmHeaders : public Screen {
   // The save step of a template, also run by the command editor. The name
   // is asked in frmTemplateName, shown modally.
   void SaveTemplate();
+  // The template's three sections as the screens now stand, in the order a
+  // template is written: the column format, the view, the commands.
+  void WriteTemplateSections(ProfileFileEdit& file);
 
   // Validation of the grid as it stands, before a translation: the cell it
   // stops at is selected, then its message is shown. True when all passed.
