@@ -13,6 +13,7 @@
 #include <random>
 #include <vector>
 
+#include "shell/Process.h"
 #include "shell/ScratchFiles.h"
 #include "shell/Text.h"
 #include "shell/TextFile.h"
@@ -46,15 +47,6 @@ std::string FolderOf(const std::string& path) {
 std::string NameOf(const std::string& path) {
   const auto slash = path.rfind('/');
   return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
-std::string HostName() {
-  char name[256] = {};
-  if (::gethostname(name, sizeof name - 1) != 0 || name[0] == '\0') return "host";
-  std::string host = name;
-  for (char& c : host)
-    if (c == '/' || c == '-') c = '_';
-  return host;
 }
 
 // ".<name>.<host>-": the start of the names of this machine's new files for

@@ -14,6 +14,7 @@
 #include <QUrl>
 #include <QtTest/QtTest>
 
+#include "UrlCatcher.h"
 #include "DesktopHome.h"
 #include "GridDialogs.h"
 #include "GridSession.h"
@@ -39,17 +40,6 @@ using corvalin::testing::Trees;
 using namespace corvalin::desktoptest;
 
 namespace {
-
-// Takes the help pages the program opens in place of the browser.
-class UrlCatcher : public QObject {
-  Q_OBJECT
-
- public:
-  QList<QUrl> opened;
-
- public slots:
-  void Open(const QUrl& url) { opened << url; }
-};
 
 const QString kHelpFolder = QStringLiteral(CORVALIN_BINARY_DIR "/share/corvalin/Help");
 

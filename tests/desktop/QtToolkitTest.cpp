@@ -13,23 +13,13 @@
 #include <QtTest/QtTest>
 #include <functional>
 
+#include "UrlCatcher.h"
 #include "desktop/QtToolkit.h"
 #include "shell/RunState.h"
 
 using namespace corvalin;
 
 namespace {
-
-// Takes the help pages the toolkit opens in place of the browser.
-class UrlCatcher : public QObject {
-  Q_OBJECT
-
- public:
-  QList<QUrl> opened;
-
- public slots:
-  void Open(const QUrl& url) { opened << url; }
-};
 
 // Once the modal window is up, does something with it.
 void WhenModalIsUp(std::function<void(QWidget*)> act) {
