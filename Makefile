@@ -12,7 +12,8 @@ GENERATOR ?= Ninja
 WERROR ?=
 WARNINGS = -DCORVALIN_WERROR=$(if $(WERROR),ON,OFF)
 
-.PHONY: all deps configure build run test sanitize exercise exercise-ci bench fuzz soak soak-sanitize screenshots atspi install clean
+.PHONY: all deps configure build run test sanitize exercise exercise-ci bench fuzz soak soak-sanitize screenshots atspi \
+  install package package-check clean
 
 all: build
 
@@ -121,6 +122,19 @@ atspi: build
 PREFIX ?= /usr/local
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# The Debian package, from the build tree of make test and with only what
+# it installs built: $(BUILD)/package/corvalin_<version>_<arch>.deb
+# (cmake/Packaging.cmake, docs/packaging.md).
+package: configure
+	cmake --build $(BUILD) --target corvalin corvalin_man
+	cd $(BUILD) && cpack --config CPackConfig.cmake
+
+# The package built, its dependencies looked at, and its program, unpacked,
+# translating the lolo survey byte for byte as the built one does
+# (tools/package-check.sh).
+package-check: package
+	./tools/package-check.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD)

@@ -38,7 +38,9 @@ constexpr const char* kUsage =
     "An unattended run writes one line to result.txt in the Work folder (chosen\n"
     "at the first start; [Common] WorkDir in ~/.config/Orvanta/Orvanta.ini) and\n"
     "ends with status 0 exactly when that line is \"TRANSLATION SUCCESSFUL\".\n"
-    "A file named \"--help\" or \"--version\" is given as ./--help.\n";
+    "A file named \"--help\" or \"--version\" is given as ./--help.\n"
+    "\n"
+    "The manual page tells more: man corvalin\n";
 
 // "--help" or "--version" alone on the command line: answered at once, with
 // nothing read or written of the settings or the Work folder.

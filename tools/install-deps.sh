@@ -10,6 +10,10 @@
 set -euo pipefail
 
 PACKAGES=(cmake ninja-build g++ qt6-base-dev libsqlite3-dev libgtest-dev libclang-rt-dev)
+# The suite checks the desktop entry, the metainfo and the manual page with
+# the tools that read them; make package finds the package's libraries with
+# dpkg-shlibdeps, which looks at the programs through file.
+PACKAGES+=(desktop-file-utils appstream man-db groff-base dpkg-dev file)
 if [[ "${1:-}" == "fuzz" ]]; then
   PACKAGES+=(clang)
 fi

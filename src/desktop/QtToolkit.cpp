@@ -290,9 +290,11 @@ void QtToolkit::RunModal(ModalWindow& window) {
   screen->View()->RunModal();
 }
 
+// Whether the file is there is the shell's to say; here only whether a
+// browser could be started for it (without xdg-open or a browser of the
+// desktop's, Qt finds none and says so).
 bool QtToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {
   const QString path = PathToQt(helpFile);
-  if (!QFileInfo(path).isFile()) return false;
   QUrl url = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
   if (!topic.empty()) url.setFragment(QString::fromStdString(topic));
   return QDesktopServices::openUrl(url);

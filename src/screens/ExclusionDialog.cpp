@@ -27,9 +27,11 @@ std::string HitCountText(const char* noun, const char* rest) {
   return std::to_string(hits) + " " + noun + (hits == 1 ? "" : "s") + rest;
 }
 
-void ExclusionDialog::LoadDialog(const char* screenWord, const char* titleEnding, bool showsColumn) {
+void ExclusionDialog::LoadDialog(const char* screenWord, const char* titleEnding, int helpContext,
+                                 bool showsColumn) {
   Run().CurrentScreen = screenWord;
   Caption = std::string(ApplicationTitle) + titleEnding;
+  HelpContextID = helpContext;
   cmdOk.Caption = "OK";
   cmdCancel.Caption = "Cancel";
   cmdHelp.Caption = "Help";

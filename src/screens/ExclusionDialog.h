@@ -43,8 +43,9 @@ class ExclusionDialog : public Screen {
 
  protected:
   // The load steps they share: the word of the screen for error texts, the
-  // title, the buttons and, where the dialog shows one, the column caption.
-  void LoadDialog(const char* screenWord, const char* titleEnding, bool showsColumn);
+  // title, the help context, the buttons and, where the dialog shows one, the
+  // column caption.
+  void LoadDialog(const char* screenWord, const char* titleEnding, int helpContext, bool showsColumn);
   // The kind of command that OK records.
   virtual const char* RecordedKind() const = 0;
   // Puts what the fields say into a command; a field that cannot be read

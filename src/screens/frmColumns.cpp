@@ -172,6 +172,7 @@ void frmColumns::RefreshColumnPreview() {
 void frmColumns::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "Columns";
+    HelpContextID = kHelpContext;
     Caption = std::string(ApplicationTitle) + " - Specify Column Format";
     if (!Run().InputPreviewLoaded) ReadInputPreview();
     PreviewFirstLine = 1;

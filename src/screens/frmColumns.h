@@ -55,6 +55,9 @@ class frmColumns : public Screen {
   frmColumns();
   const char* Name() const override { return "frmColumns"; }
 
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 30;
+
   // --- controls ---
   Label lblInputFile;
   Label lblFileView;

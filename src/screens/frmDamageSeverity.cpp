@@ -15,6 +15,7 @@ namespace corvalin {
 void frmDamageSeverity::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "DamageSeverity";
+    HelpContextID = kHelpContext;
     Caption = std::string(ApplicationTitle) + " - Edit Damage/Severity Pair";
     lblDamage.Caption = "Damage Code:";
     lblSeverity.Caption = "Severity Code:";

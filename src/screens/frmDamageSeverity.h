@@ -17,6 +17,9 @@ class StateDigest;
 class frmDamageSeverity : public Screen {
  public:
   const char* Name() const override { return "frmDamageSeverity"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 50;
   void Form_Load() override;
   void DismissAsCancelled() override { cmdCancel_Click(); }
 

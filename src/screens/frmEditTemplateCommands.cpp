@@ -30,6 +30,7 @@ TemplateCommand& EditedCommandAt(int index) {
 void frmEditTemplateCommands::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "EditTemplate";
+    HelpContextID = kHelpContext;
     Caption = std::string(ApplicationTitle) + " - Edit Template Commands";
     cmdUp.Caption = "Up";
     cmdDown.Caption = "Down";

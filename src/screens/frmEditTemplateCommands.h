@@ -15,6 +15,9 @@ struct TemplateCommand;
 class frmEditTemplateCommands : public Screen {
  public:
   const char* Name() const override { return "frmEditTemplateCommands"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 100;
   void Form_Load() override;
   // The exclusion dialogs opened from here add commands again.
   void Form_Unload() override;

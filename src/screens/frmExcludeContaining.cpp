@@ -10,7 +10,7 @@ namespace corvalin {
 
 void frmExcludeContaining::Form_Load() {
   RunEvent([&] {
-    LoadDialog("Exclude Containing", " - Exclude Rows Containing...", true);
+    LoadDialog("Exclude Containing", " - Exclude Rows Containing...", kHelpContext, true);
     lblText.Caption = "Exclude rows with:";
   });
 }

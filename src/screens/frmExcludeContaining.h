@@ -9,6 +9,9 @@ namespace corvalin {
 class frmExcludeContaining : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeContaining"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 60;
   void Form_Load() override;
   std::vector<Field> Fields() override { return {{"txtExcludeText", &lblText, &txtExcludeText}}; }
 

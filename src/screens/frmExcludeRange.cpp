@@ -12,7 +12,7 @@ namespace corvalin {
 void frmExcludeRange::Form_Load() {
   RunEvent([&] {
     // The range plays no part with columns: the dialog shows none.
-    LoadDialog("ExcludeRange", " - Exclude Rows in Range...", false);
+    LoadDialog("ExcludeRange", " - Exclude Rows in Range...", kHelpContext, false);
     lblText.Caption = "From line:";
     lblEndLine.Caption = "To line:";
   });

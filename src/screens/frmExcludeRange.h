@@ -11,6 +11,9 @@ namespace corvalin {
 class frmExcludeRange : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeRange"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 80;
   void Form_Load() override;
   std::vector<Field> Fields() override {
     return {{"txtStartLine", &lblText, &txtStartLine}, {"txtEndLine", &lblEndLine, &txtEndLine}};

@@ -10,7 +10,7 @@ namespace corvalin {
 
 void frmExcludeStartingWith::Form_Load() {
   RunEvent([&] {
-    LoadDialog("ExcludeStarting", " - Exclude Rows Starting With...", true);
+    LoadDialog("ExcludeStarting", " - Exclude Rows Starting With...", kHelpContext, true);
     lblText.Caption = "Exclude rows starting with:";
   });
 }

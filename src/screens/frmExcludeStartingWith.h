@@ -9,6 +9,9 @@ namespace corvalin {
 class frmExcludeStartingWith : public ExclusionDialog {
  public:
   const char* Name() const override { return "frmExcludeStartingWith"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 70;
   void Form_Load() override;
   std::vector<Field> Fields() override { return {{"txtStartText", &lblText, &txtStartText}}; }
 

@@ -33,7 +33,6 @@ namespace corvalin {
 namespace {
 
 constexpr const char* kSettingsSection = "Corvalin";
-constexpr int kHelpContextHeaders = 24;
 
 std::string Field(int column) { return "c" + std::to_string(column); }
 
@@ -122,7 +121,7 @@ void frmHeaders::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "Headers";
     Caption = std::string(ApplicationTitle) + " - Identify Columns, Create Template and Treelist";
-    HelpContextID = kHelpContextHeaders;
+    HelpContextID = kHelpContext;
     Run().TranslationDone = false;
     OpenDatabase();
     BindRecords(TftRecords());
@@ -715,17 +714,7 @@ void frmHeaders::mnuIncludeRows_Click() {
 
 // ---------------------------------------------------------------- templates
 
-void frmHeaders::SaveTemplate() {
-  frmTemplate& setup = App().Template();
-  frmTemplateName& dialog = App().TemplateName();
-  dialog.cmbTemplateName.Text = Run().UseTemplate ? setup.cmbTemplate.Text : std::string();
-  App().ShowModal(dialog);
-  // The name is read before the dialog goes.
-  const std::string name = dialog.cmbTemplateName.Text;
-  App().UnloadTemplateName();
-  if (!Run().TemplateSaved) return;
-  const std::string path = TemplatePathOf(name);
-
+void frmHeaders::WriteTemplateSections(ProfileFileEdit& file) {
   frmColumns& format = App().Columns();
   ColumnDelimiterKeys keys;
   keys.FixedWidth = format.optFixedWidth.Value;
@@ -737,7 +726,7 @@ void frmHeaders::SaveTemplate() {
   keys.OtherChars = format.txtOtherCharacter.Text;
   keys.TreatConsecutiveAsOne = format.chkConsecutiveAsOne.Checked();
   keys.TextQualifier = format.cmbTextQualifiers.Text;
-  WriteColumnDelimiters(path, keys, Markers());
+  WriteColumnDelimiters(file, keys, Markers());
 
   FormatInfoKeys view;
   view.MeasurementSystem = optMetric.Value ? "METRIC" : "IMPERIAL";
@@ -745,8 +734,30 @@ void frmHeaders::SaveTemplate() {
   view.ShowExcludedRows = YesNoText(chkShowExcludedRows.Value);
   view.AutoValidateGridData = YesNoText(chkAutoValidate.Value);
   view.OrvanVariant = cmbVariant.Text;
-  WriteFormatInfo(path, view, Run().ColumnCount, ColumnCaption);
-  WriteTemplateCommands(path);
+  WriteFormatInfo(file, view, Run().ColumnCount, ColumnCaption);
+  WriteTemplateCommands(file);
+}
+
+void frmHeaders::SaveTemplate() {
+  frmTemplate& setup = App().Template();
+  frmTemplateName& dialog = App().TemplateName();
+  dialog.cmbTemplateName.Text = Run().UseTemplate ? setup.cmbTemplate.Text : std::string();
+  App().ShowModal(dialog);
+  // The name is read before the dialog goes.
+  const std::string name = dialog.cmbTemplateName.Text;
+  App().UnloadTemplateName();
+  if (!Run().TemplateSaved) return;
+  // The three sections are gathered and the template replaced once, so that
+  // a process killed while saving leaves the old template or the new one.
+  // What an error leaves unwritten is missing, as with a key-by-key save.
+  ProfileFileEdit file(TemplatePathOf(name));
+  try {
+    WriteTemplateSections(file);
+  } catch (...) {
+    (void)file.Save();
+    throw;
+  }
+  (void)file.Save();
 
   // The new name is selected on the first screen without unloading this one.
   Run().RefreshingTemplateList = true;

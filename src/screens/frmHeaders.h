@@ -22,6 +22,7 @@
 namespace corvalin {
 
 class frmTemplateName;
+class ProfileFileEdit;
 class frmDamageSeverity;
 class StateDigest;
 
@@ -44,6 +45,9 @@ class frmHeaders : public Screen {
   frmHeaders();
   ~frmHeaders() override;
   const char* Name() const override { return "frmHeaders"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 24;
 
   void Form_Load() override;
   void Form_Activate() override;
@@ -245,6 +249,9 @@ class frmHeaders : public Screen {
   // The save step of a template, also run by the command editor. The name
   // is asked in frmTemplateName, shown modally.
   void SaveTemplate();
+  // The template's three sections as the screens now stand, in the order a
+  // template is written: the column format, the view, the commands.
+  void WriteTemplateSections(ProfileFileEdit& file);
 
   // Validation of the grid as it stands, before a translation: the cell it
   // stops at is selected, then its message is shown. True when all passed.

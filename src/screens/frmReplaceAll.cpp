@@ -46,6 +46,7 @@ std::shared_ptr<Recordset> CloneOfGrid(const frmHeaders& headers) {
 void frmReplaceAll::Form_Load() {
   RunEvent([&] {
     Run().CurrentScreen = "ReplaceAll";
+    HelpContextID = kHelpContext;
     Caption = std::string(ApplicationTitle) + " - Find/Replace";
     lblFind.Caption = "Find:";
     lblReplacement.Caption = "Replace with:";

@@ -18,6 +18,9 @@ class StateDigest;
 class frmReplaceAll : public Screen {
  public:
   const char* Name() const override { return "frmReplaceAll"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 90;
   void Form_Load() override;
   void DismissAsCancelled() override { cmdCancel_Click(); }
 

@@ -36,6 +36,7 @@ void frmTemplateName::Form_Load() {
     // run, which names itself the current screen.
     const std::vector<std::string> templates = App().Template().TemplateNames();
     Run().CurrentScreen = "templateName";
+    HelpContextID = kHelpContext;
     Caption = std::string(ApplicationTitle) + " - Save Template As...";
     Label1.Caption = "Template Name:";
     cmdOk.Caption = "OK";

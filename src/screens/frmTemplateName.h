@@ -18,6 +18,9 @@ inline constexpr std::size_t kMaxTemplateNameLength = 8;
 class frmTemplateName : public Screen {
  public:
   const char* Name() const override { return "frmTemplateName"; }
+
+  // The screen's help context: its section of the help.
+  static constexpr int kHelpContext = 40;
   void Form_Load() override;
 
   ListControl cmbTemplateName;

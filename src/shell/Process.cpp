@@ -1,5 +1,7 @@
 #include "shell/Process.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <system_error>
 
@@ -57,5 +59,14 @@ const std::string& ProgramFileFolder() {
 }
 
 void SetProgramFileFolder(const std::string& folder) { gProgramFileFolder = WithSeparator(folder); }
+
+std::string HostName() {
+  char name[256] = {};
+  if (::gethostname(name, sizeof name - 1) != 0 || name[0] == '\0') return "host";
+  std::string host = name;
+  for (char& c : host)
+    if (c == '/' || c == '-') c = '_';
+  return host;
+}
 
 }  // namespace corvalin

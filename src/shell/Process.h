@@ -25,4 +25,9 @@ std::string FromStartFolder(const std::string& path);
 const std::string& ProgramFileFolder();
 void SetProgramFileFolder(const std::string& folder);
 
+// The machine's name, fit to stand in a file name: "/" and "-" become "_",
+// and a machine without a name is "host". Files that several machines may
+// share a folder for carry it, with the process id, in their names.
+std::string HostName();
+
 }  // namespace corvalin

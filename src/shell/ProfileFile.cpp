@@ -6,9 +6,11 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <utility>
 #include <unordered_map>
 #include <vector>
 
+#include "shell/FileReplace.h"
 #include "shell/Text.h"
 
 namespace corvalin {
@@ -40,13 +42,20 @@ std::vector<std::string> ReadLines(const std::string& path, bool* exists) {
   return SplitLines(text.str());
 }
 
-bool WriteLines(const std::string& path, const std::vector<std::string>& lines) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  if (!out) return false;
-  for (const auto& line : lines) out << line << "\r\n";
-  out.flush();
-  return static_cast<bool>(out);
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const auto& line : lines) {
+    text += line;
+    text += "\r\n";
+  }
+  return text;
 }
+
+bool WriteLines(const std::string& path, const std::vector<std::string>& lines) {
+  return !TryReplaceFileWhole(path, Joined(lines));
+}
+
+bool BreaksLine(const std::string& text) { return text.find_first_of("\r\n") != std::string::npos; }
 
 // "[Name]" gives "Name"; anything else is no section header.
 bool SectionName(const std::string& line, std::string* name) {
@@ -208,22 +217,37 @@ std::string ReadProfileString(const std::string& path, const std::string& sectio
   return TrimBlanks(value);
 }
 
-bool WriteProfileString(const std::string& path, const std::string& section, const std::string& key,
-                        const std::string& value) {
+ProfileFileEdit::ProfileFileEdit(std::string path) : path_(std::move(path)) {
   bool exists = false;
-  auto lines = ReadLines(path, &exists);
-  const Location loc = Find(lines, section, key);
+  lines_ = ReadLines(path_, &exists);
+}
+
+void ProfileFileEdit::WriteString(const std::string& section, const std::string& key, const std::string& value) {
+  const Location loc = Find(lines_, section, key);
   const std::string entry = key + "=" + value;
   if (loc.keyLine >= 0) {
-    lines[static_cast<std::size_t>(loc.keyLine)] = entry;
+    lines_[static_cast<std::size_t>(loc.keyLine)] = entry;
   } else if (loc.sectionLine >= 0) {
-    lines.insert(lines.begin() + loc.lastLine + 1, entry);
+    lines_.insert(lines_.begin() + loc.lastLine + 1, entry);
   } else {
-    lines.push_back("[" + section + "]");
-    lines.push_back(entry);
+    lines_.push_back("[" + section + "]");
+    lines_.push_back(entry);
   }
-  Forget(path);
-  return WriteLines(path, lines);
+  // A line end inside the value makes lines of its own once the file is
+  // read back; the next key is looked for among those.
+  if (BreaksLine(entry) || BreaksLine(section)) lines_ = SplitLines(Joined(lines_));
+}
+
+bool ProfileFileEdit::Save() {
+  Forget(path_);
+  return WriteLines(path_, lines_);
+}
+
+bool WriteProfileString(const std::string& path, const std::string& section, const std::string& key,
+                        const std::string& value) {
+  ProfileFileEdit edit(path);
+  edit.WriteString(section, key, value);
+  return edit.Save();
 }
 
 bool DeleteProfileKey(const std::string& path, const std::string& section, const std::string& key) {

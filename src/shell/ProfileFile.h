@@ -1,7 +1,8 @@
 // Profile files: "[Section]" headers and "key=value" lines. The settings
 // store and the templates (.cnv) are both profile files. Sections and keys are
 // found without regard to case, values are trimmed of blanks on reading, and a
-// write replaces or adds one key, keeping the rest of the file as it was.
+// write replaces or adds one key, keeping the rest of the file as it was; the
+// file is replaced whole (shell/FileReplace), never left half written.
 // Files are written with CR LF line ends and read with CR LF, LF or a lone
 // CR as line ends. A file is read whole once and kept while it stays as it
 // was, so reading many keys costs one reading of the file.
@@ -11,6 +12,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace corvalin {
 
@@ -29,6 +31,28 @@ std::string ReadProfileString(const std::string& path, const std::string& sectio
 // platform's habit ignore the result.
 bool WriteProfileString(const std::string& path, const std::string& section,
                         const std::string& key, const std::string& value);
+
+// Changes to one profile file gathered in memory and written once, whole:
+// a template is saved key by key, and a file written at each key would, for
+// a process killed between two of them, hold only some. Each change gives
+// the lines that writing the key to the file and reading it back would give.
+class ProfileFileEdit {
+ public:
+  // Reads the file as it stands (none: no lines).
+  explicit ProfileFileEdit(std::string path);
+
+  // As WriteProfileString, on the lines in memory.
+  void WriteString(const std::string& section, const std::string& key, const std::string& value);
+  // Replaces the file with the lines, each followed by CR LF. False when the
+  // file could not be written; it is then as it was.
+  bool Save();
+
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+  std::vector<std::string> lines_;
+};
 
 // Removes the key from the section; nothing when it is not there.
 bool DeleteProfileKey(const std::string& path, const std::string& section, const std::string& key);

@@ -1,24 +1,19 @@
 #include "shell/TextFile.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <map>
+#include <set>
 
 #include "shell/Error.h"
+#include "shell/FileReplace.h"
 
 namespace corvalin {
 
 namespace {
 
-// Files whose writing failed after the open, by path: they stay open.
-std::map<std::string, std::FILE*>& FilesLeftOpen() {
-  static std::map<std::string, std::FILE*> files;
+// The paths whose writing failed after the open: they count as open.
+std::set<std::string>& FilesLeftOpen() {
+  static std::set<std::string> files;
   return files;
-}
-
-[[noreturn]] void LeaveOpenAndRaise(const std::string& path, std::FILE* file, int code) {
-  FilesLeftOpen()[path] = file;
-  RaiseFileError(code);
 }
 
 }  // namespace
@@ -43,21 +38,20 @@ void RaiseFileError(int code) {
 void WriteLinesInPlace(const std::string& path, const std::vector<std::string>& lines) {
   if (FilesLeftOpen().count(path) != 0) Raise(err::FileAlreadyOpen);
   if (path.empty()) Raise(err::PathFileAccess);
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) RaiseFileError(errno);
+  std::size_t size = 0;
+  for (const std::string& line : lines) size += line.size() + 2;
+  std::string bytes;
+  bytes.reserve(size);
   for (const std::string& line : lines) {
-    if (std::fwrite(line.data(), 1, line.size(), file) != line.size() || std::fwrite("\r\n", 1, 2, file) != 2)
-      LeaveOpenAndRaise(path, file, errno);
+    bytes += line;
+    bytes += "\r\n";
   }
-  // What is still buffered is written here, so that a full disk is met while
-  // the file is open, as a write that fails.
-  if (std::fflush(file) != 0) LeaveOpenAndRaise(path, file, errno);
-  if (std::fclose(file) != 0) RaiseFileError(errno);
+  const auto failure = TryReplaceFileWhole(path, bytes);
+  if (!failure) return;
+  if (failure->afterOpen) FilesLeftOpen().insert(path);
+  RaiseFileError(failure->code);
 }
 
-void ForgetFilesLeftOpen() {
-  for (auto& [path, file] : FilesLeftOpen()) std::fclose(file);
-  FilesLeftOpen().clear();
-}
+void ForgetFilesLeftOpen() { FilesLeftOpen().clear(); }
 
 }  // namespace corvalin

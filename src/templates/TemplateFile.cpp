@@ -19,9 +19,23 @@ std::string Read(const std::string& path, const char* section, const std::string
   return ReadProfileString(path, section, key, def);
 }
 
-// The platform's profile writer reports failures nobody looks at.
-void Write(const std::string& path, const char* section, const std::string& key, const std::string& value) {
-  (void)WriteProfileString(path, section, key, value);
+void Write(ProfileFileEdit& file, const char* section, const std::string& key, const std::string& value) {
+  file.WriteString(section, key, value);
+}
+
+// The platform's profile writer reports failures nobody looks at. What was
+// written before an error is saved as it stands, as writing key by key left
+// it.
+template <typename Writer>
+void WriteWhole(const std::string& path, Writer write) {
+  ProfileFileEdit file(path);
+  try {
+    write(file);
+  } catch (...) {
+    (void)file.Save();
+    throw;
+  }
+  (void)file.Save();
 }
 
 }  // namespace
@@ -71,37 +85,46 @@ int TextQualifierEntry(const std::string& stored) {
 
 void WriteColumnDelimiters(const std::string& path, const ColumnDelimiterKeys& keys,
                            const ColumnMarkerList& markers) {
+  WriteWhole(path, [&](ProfileFileEdit& file) { WriteColumnDelimiters(file, keys, markers); });
+}
+
+void WriteColumnDelimiters(ProfileFileEdit& file, const ColumnDelimiterKeys& keys, const ColumnMarkerList& markers) {
   const char* s = SectionColumnDelimiters;
-  Write(path, s, "FixedWidth", keys.FixedWidth ? "YES" : "NO");
-  Write(path, s, "Comma", keys.Comma ? "YES" : "NO");
-  Write(path, s, "Tab", keys.Tab ? "YES" : "NO");
-  Write(path, s, "Semicolon", keys.Semicolon ? "YES" : "NO");
-  Write(path, s, "Space", keys.Space ? "YES" : "NO");
-  Write(path, s, "Other", keys.Other ? "YES" : "NO");
-  Write(path, s, "OtherChars", keys.OtherChars);
-  Write(path, s, "TreatConsecutiveAsOne", keys.TreatConsecutiveAsOne ? "YES" : "NO");
-  Write(path, s, "TextQualifier", keys.TextQualifier);
+  Write(file, s, "FixedWidth", keys.FixedWidth ? "YES" : "NO");
+  Write(file, s, "Comma", keys.Comma ? "YES" : "NO");
+  Write(file, s, "Tab", keys.Tab ? "YES" : "NO");
+  Write(file, s, "Semicolon", keys.Semicolon ? "YES" : "NO");
+  Write(file, s, "Space", keys.Space ? "YES" : "NO");
+  Write(file, s, "Other", keys.Other ? "YES" : "NO");
+  Write(file, s, "OtherChars", keys.OtherChars);
+  Write(file, s, "TreatConsecutiveAsOne", keys.TreatConsecutiveAsOne ? "YES" : "NO");
+  Write(file, s, "TextQualifier", keys.TextQualifier);
   if (!keys.FixedWidth) return;
   // Written for the record; a template never brings markers back.
-  Write(path, s, "NumMarkers", std::to_string(markers.NumMarkers));
+  Write(file, s, "NumMarkers", std::to_string(markers.NumMarkers));
   for (int k = 1; k <= markers.NumMarkers; ++k)
-    Write(path, s, "FixedMarker" + std::to_string(k), std::to_string(markers.ColumnMarkers(k)));
+    Write(file, s, "FixedMarker" + std::to_string(k), std::to_string(markers.ColumnMarkers(k)));
 }
 
 void WriteFormatInfo(const std::string& path, const FormatInfoKeys& keys, int16_t columnCount,
                      const std::array<std::string, 32>& headings) {
+  WriteWhole(path, [&](ProfileFileEdit& file) { WriteFormatInfo(file, keys, columnCount, headings); });
+}
+
+void WriteFormatInfo(ProfileFileEdit& file, const FormatInfoKeys& keys, int16_t columnCount,
+                     const std::array<std::string, 32>& headings) {
   const char* s = SectionFormatInfo;
-  Write(path, s, "MeasurementSystem", keys.MeasurementSystem);
-  Write(path, s, "ShowUnassignedColumns", keys.ShowUnassignedColumns);
-  Write(path, s, "ShowExcludedRows", keys.ShowExcludedRows);
-  Write(path, s, "AutoValidateGridData", keys.AutoValidateGridData);
-  Write(path, s, "OrvanVariant", keys.OrvanVariant);
+  Write(file, s, "MeasurementSystem", keys.MeasurementSystem);
+  Write(file, s, "ShowUnassignedColumns", keys.ShowUnassignedColumns);
+  Write(file, s, "ShowExcludedRows", keys.ShowExcludedRows);
+  Write(file, s, "AutoValidateGridData", keys.AutoValidateGridData);
+  Write(file, s, "OrvanVariant", keys.OrvanVariant);
   for (int16_t i = 1; i <= columnCount; i = Inc16(i)) {
     std::string type, units;
     SplitHeading(headings.at(static_cast<std::size_t>(i)), type, units);
-    Write(path, s, "NumberOfColumns", std::to_string(columnCount));
-    Write(path, s, "ColumnHeader" + std::to_string(i), type);
-    Write(path, s, "ColumnUnits" + std::to_string(i), units);
+    Write(file, s, "NumberOfColumns", std::to_string(columnCount));
+    Write(file, s, "ColumnHeader" + std::to_string(i), type);
+    Write(file, s, "ColumnUnits" + std::to_string(i), units);
   }
 }
 
@@ -123,19 +146,23 @@ void ReadTemplateCommands(const std::string& path) {
 }
 
 void WriteTemplateCommands(const std::string& path) {
+  WriteWhole(path, [](ProfileFileEdit& file) { WriteTemplateCommands(file); });
+}
+
+void WriteTemplateCommands(ProfileFileEdit& file) {
   const char* s = SectionTemplateCommands;
   const TemplateCommandState& state = Commands();
-  Write(path, s, "NumberOfCommands", std::to_string(state.CommandCount));
+  Write(file, s, "NumberOfCommands", std::to_string(state.CommandCount));
   for (int16_t k = 1; k <= state.CommandCount; k = Inc16(k)) {
     const TemplateCommand& command = TemplateCommandAt(k);
     const std::string n = std::to_string(k);
-    Write(path, s, "CommandType" + n, command.CommandType);
-    Write(path, s, "FindString" + n, command.FindString);
-    Write(path, s, "ReplacementString" + n, command.ReplacementString);
-    Write(path, s, "ColumnNumber" + n, std::to_string(command.ColumnNumber));
-    Write(path, s, "StartLine" + n, std::to_string(command.StartLine));
-    Write(path, s, "EndLine" + n, std::to_string(command.EndLine));
-    Write(path, s, "DeleteString" + n, command.DeleteString);
+    Write(file, s, "CommandType" + n, command.CommandType);
+    Write(file, s, "FindString" + n, command.FindString);
+    Write(file, s, "ReplacementString" + n, command.ReplacementString);
+    Write(file, s, "ColumnNumber" + n, std::to_string(command.ColumnNumber));
+    Write(file, s, "StartLine" + n, std::to_string(command.StartLine));
+    Write(file, s, "EndLine" + n, std::to_string(command.EndLine));
+    Write(file, s, "DeleteString" + n, command.DeleteString);
   }
 }
 

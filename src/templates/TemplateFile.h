@@ -2,7 +2,10 @@
 // COLUMN_DELIMITERS, FORMAT_INFO and TEMPLATE_COMMANDS. There is no single
 // reader: each screen reads its own section when it loads or comes to the
 // front. Writing only adds and replaces keys, so keys of an earlier, wider
-// save stay in the file; the counts decide what is read.
+// save stay in the file; the counts decide what is read. Each writer below
+// takes the file's path, and writes its section with one replacement of the
+// whole file, or an edit of the file in memory, so that the three sections
+// of a save go to the disk at once (see frmHeaders).
 #pragma once
 
 #include <array>
@@ -12,6 +15,7 @@
 namespace corvalin {
 
 struct ColumnMarkerList;
+class ProfileFileEdit;
 
 inline constexpr const char* SectionColumnDelimiters = "COLUMN_DELIMITERS";
 inline constexpr const char* SectionFormatInfo = "FORMAT_INFO";
@@ -45,6 +49,7 @@ int TextQualifierEntry(const std::string& stored);
 // and FixedMarker1..NumMarkers from the markers.
 void WriteColumnDelimiters(const std::string& path, const ColumnDelimiterKeys& keys,
                            const ColumnMarkerList& markers);
+void WriteColumnDelimiters(ProfileFileEdit& file, const ColumnDelimiterKeys& keys, const ColumnMarkerList& markers);
 
 // The view of FORMAT_INFO as the grid screen writes it.
 struct FormatInfoKeys {
@@ -57,8 +62,11 @@ struct FormatInfoKeys {
 
 // Writes the five view keys, then for each column 1..columnCount
 // NumberOfColumns, ColumnHeader<i> and ColumnUnits<i>. A heading that is not
-// split in two lines cannot be saved (the invalid procedure call error).
+// split in two lines cannot be saved (the invalid procedure call error); the
+// keys before it are written all the same.
 void WriteFormatInfo(const std::string& path, const FormatInfoKeys& keys, int16_t columnCount,
+                     const std::array<std::string, 32>& headings);
+void WriteFormatInfo(ProfileFileEdit& file, const FormatInfoKeys& keys, int16_t columnCount,
                      const std::array<std::string, 32>& headings);
 
 // Reads TEMPLATE_COMMANDS into the commands in force: NumberOfCommands into
@@ -67,6 +75,7 @@ void WriteFormatInfo(const std::string& path, const FormatInfoKeys& keys, int16_
 void ReadTemplateCommands(const std::string& path);
 // Writes NumberOfCommands and the seven keys of every command in force.
 void WriteTemplateCommands(const std::string& path);
+void WriteTemplateCommands(ProfileFileEdit& file);
 
 // The integer of a stored number, as a 16-bit count: blanks around it are
 // allowed, anything else that is not a whole number is the type mismatch

@@ -11,6 +11,7 @@
 
 #include "shell/Error.h"
 #include "shell/RunState.h"
+#include "shell/Process.h"
 #include "shell/ScratchFiles.h"
 #include "shell/Text.h"
 
@@ -23,15 +24,6 @@ namespace fs = std::filesystem;
 std::string& PrivatePath() {
   static std::string path;
   return path;
-}
-
-std::string HostName() {
-  char name[256] = {};
-  if (::gethostname(name, sizeof name - 1) != 0 || name[0] == '\0') return "host";
-  std::string host = name;
-  for (char& c : host)
-    if (c == '/' || c == '-') c = '_';
-  return host;
 }
 
 // "TFT-<host>-": the start of the names of this machine's unattended runs.

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 
+#include "UrlCatcher.h"
 #include "DesktopHome.h"
 #include "GridDialogs.h"
 #include "GridSession.h"
@@ -60,17 +61,6 @@ QStringList ExcludedLines() {
     if (rows->TextOrEmpty("Excluded") == "Y") lines << QString::fromStdString(rows->Text("LineNum"));
   return lines;
 }
-
-// Catches the help the dialogs open instead of a browser.
-class UrlCatcher : public QObject {
-  Q_OBJECT
-
- public:
-  QList<QUrl> opened;
-
- public slots:
-  void Open(const QUrl& url) { opened << url; }
-};
 
 }  // namespace
 

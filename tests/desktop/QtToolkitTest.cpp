@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -11,6 +13,7 @@
 #include <QtTest/QtTest>
 #include <functional>
 
+#include "UrlCatcher.h"
 #include "desktop/QtToolkit.h"
 #include "shell/RunState.h"
 
@@ -211,9 +214,15 @@ class QtToolkitTest : public QObject {
              QStringLiteral("Location (*.loc);;All Files (*)"));
   }
 
-  void MissingHelpFileCannotBeShown() {
+  void HelpGoesToTheBrowserAsTheFileAtItsTopic() {
     QtToolkit toolkit;
-    QVERIFY(!toolkit.OpenHelp("/nonexistent/Orvanta.html", "context-7"));
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "Open");
+    const bool shown = toolkit.OpenHelp("/opt/corvalin/share/corvalin/Help/Orvanta.html", "context-7");
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QVERIFY(shown);
+    QCOMPARE(catcher.opened.size(), 1);
+    QCOMPARE(catcher.opened[0].toString(), QStringLiteral("file:///opt/corvalin/share/corvalin/Help/Orvanta.html#context-7"));
   }
 };
 

@@ -55,6 +55,10 @@ TEST_F(StartupEndToEnd, HelpAndVersionAnswerOnStandardOutputAndTouchNothing) {
             "Usage: corvalin                           start the wizard (needs a display)");
   EXPECT_NE(help.output.find("corvalin INPUT OUTPUT TEMPLATE"), std::string::npos);
   EXPECT_NE(help.output.find("result.txt"), std::string::npos);
+  // The last line points to the manual page the package installs.
+  const std::string manualLine = "\n\nThe manual page tells more: man corvalin\n";
+  ASSERT_GT(help.output.size(), manualLine.size());
+  EXPECT_EQ(help.output.substr(help.output.size() - manualLine.size()), manualLine);
   const testing::ProgramRun version = testing::RunCorvalin(home, {"--version"}, home / "run");
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.output, "corvalin 1.0.0\n");

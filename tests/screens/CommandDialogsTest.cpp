@@ -233,6 +233,7 @@ TEST_F(CommandDialogsTest, ADialogLeftOpenEndsAsCancelled) {
 }
 
 TEST_F(CommandDialogsTest, HelpOpensTheHelpAndLeavesTheDialogOpen) {
+  PlaceHelpFile();
   Species({"FD"});
   Grid();
   frmExcludeRange& range = App().ExcludeRange();
@@ -240,6 +241,52 @@ TEST_F(CommandDialogsTest, HelpOpensTheHelpAndLeavesTheDialogOpen) {
   range.cmdHelp_Click();
   EXPECT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_TRUE(range.Visible());
+}
+
+// Each dialog has a section of its own in the help.
+TEST_F(CommandDialogsTest, ExcludeRowsContainingHelpOpensItsSection) {
+  PlaceHelpFile();
+  Species({"FD"});
+  Grid();
+  App().ExcludeContaining().cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-60");
+}
+
+TEST_F(CommandDialogsTest, ExcludeRowsStartingWithHelpOpensItsSection) {
+  PlaceHelpFile();
+  Species({"FD"});
+  Grid();
+  App().ExcludeStartingWith().cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-70");
+}
+
+TEST_F(CommandDialogsTest, ExcludeRowsInRangeHelpOpensItsSection) {
+  PlaceHelpFile();
+  Species({"FD"});
+  Grid();
+  App().ExcludeRange().cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-80");
+}
+
+TEST_F(CommandDialogsTest, FindReplaceHelpOpensItsSection) {
+  PlaceHelpFile();
+  Species({"FD"});
+  Grid();
+  App().ReplaceAll().cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-90");
+}
+
+TEST_F(CommandDialogsTest, EditTemplateCommandsHelpOpensItsSection) {
+  PlaceHelpFile();
+  Species({"FD"});
+  Grid();
+  App().EditTemplateCommands().cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-100");
 }
 
 // The range dialog runs the range at once but records a starting-with

@@ -591,6 +591,7 @@ TEST_F(GridEventsTest, EditWithYesOpensTheSaveDialogThenTheEditor) {
 }
 
 TEST_F(GridEventsTest, HelpOpensTheTopicOfTheGridScreen) {
+  PlaceHelpFile();
   Lines(1);
   frmHeaders& headers = Activate();
   headers.cmdHelp_Click();

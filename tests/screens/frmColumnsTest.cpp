@@ -84,6 +84,14 @@ using Positions = std::vector<int16_t>;
 
 // --- load ---
 
+TEST_F(ColumnsScreen, HelpOpensTheColumnFormatSection) {
+  const std::string help = PlaceHelpFile();
+  LoadWith("a,b\r\n").cmdHelp_Click();
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0], std::make_pair(help, std::string("context-30")));
+  EXPECT_TRUE(ui.boxes.empty());
+}
+
 TEST_F(ColumnsScreen, LoadSetsTitleScreenWordAndInputPath) {
   frmColumns& screen = LoadWith("a,b\r\n");
   EXPECT_EQ(screen.Caption, "Corvalin - Specify Column Format");

@@ -274,6 +274,7 @@ TEST_F(DefaultsScreen, CancelSavesNothing) {
 }
 
 TEST_F(DefaultsScreen, HelpOpensTheDefaultsTopic) {
+  PlaceHelpFile();
   Open().cmdHelp_Click();
   ASSERT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_EQ(ui.helpOpened[0].first, Run().HelpFile);

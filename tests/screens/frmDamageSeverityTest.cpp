@@ -98,7 +98,8 @@ TEST_F(frmDamageSeverityTest, OkWritesTheCellOfTheButtonColumnInTheCurrentRow) {
   EXPECT_FALSE(App().DamageSeverityLoaded());
 }
 
-TEST_F(frmDamageSeverityTest, HelpOpensTheContentsAndKeepsTheDialogOpen) {
+TEST_F(frmDamageSeverityTest, HelpOpensItsSectionAndKeepsTheDialogOpen) {
+  PlaceHelpFile();
   MakeTable({{1, {"1", "12 3"}}});
   frmHeaders& headers = LoadHeaders();
   headers.ButtonColumn = 2;
@@ -110,7 +111,7 @@ TEST_F(frmDamageSeverityTest, HelpOpensTheContentsAndKeepsTheDialogOpen) {
   });
   headers.OpenDamageSeverityDialog("12 3");
   ASSERT_EQ(ui.helpOpened.size(), 1u);
-  EXPECT_EQ(ui.helpOpened[0].second, "contents");
+  EXPECT_EQ(ui.helpOpened[0].second, "context-50");
 }
 
 TEST_F(frmDamageSeverityTest, CancelLeavesTheCell) {

@@ -7,6 +7,7 @@
 #include "screens/frmColumns.h"
 #include "screens/frmTemplate.h"
 #include "screens/frmTemplateName.h"
+#include "shell/FileReplace.h"
 #include "shell/ProfileFile.h"
 #include "shell/Settings.h"
 #include "templates/TemplateFile.h"
@@ -402,6 +403,42 @@ TEST_F(frmHeadersTest, SavedTemplateComesBackWithEveryKeyExceptTheMarkers) {
   EXPECT_EQ(TemplateCommandAt(2).StartLine, 3);
   EXPECT_EQ(TemplateCommandAt(2).EndLine, 4);
   EXPECT_EQ(Markers().NumMarkers, 0);
+}
+
+TEST_F(frmHeadersTest, ASavedTemplateIsReplacedOnceAndStaysWholeUntilThen) {
+  MakeTable({{1, {"1", "1", "1", "FD", "20"}}});
+  UseTemplateText(FiveColumns());
+  frmHeaders& headers = LoadAndActivate();
+  Run().InputPreviewLoaded = true;  // no input file to preview here
+  AddCommand({"REPLACE_ALL", "fd", "FD", 4, 0, 0, ""});
+  const std::string path = TemplatePathOf("plots");
+  const std::string before = testing::ReadFile(path);
+  int replaced = 0;
+  bool oldUntilReplaced = true;
+  SetFileReplaceHook([&](const std::string& target, ReplaceMoment moment, std::size_t) {
+    if (target != path) return;
+    if (moment == ReplaceMoment::Replaced) ++replaced;
+    if (moment == ReplaceMoment::Written && testing::ReadFile(path) != before) oldUntilReplaced = false;
+  });
+  ui.AnswerDialog<frmTemplateName>([](frmTemplateName& dialog) {
+    dialog.SetText("plots");
+    dialog.cmdOk_Click();
+  });
+  ui.answers.push_back(Answer::Yes);  // save over the template
+  headers.cmdSaveTemplate_Click();
+  SetFileReplaceHook({});
+  EXPECT_EQ(replaced, 1);
+  EXPECT_TRUE(oldUntilReplaced);
+  EXPECT_EQ(testing::ReadFile(path),
+            "[FORMAT_INFO]\r\nOrvanVariant=BC\r\nColumnHeader1=Plot ID\r\nColumnUnits1=\r\nColumnHeader2=Tree ID\r\n"
+            "ColumnUnits2=\r\nColumnHeader3=Tree Count\r\nColumnUnits3=\r\nColumnHeader4=Species\r\n"
+            "ColumnUnits4=\r\nColumnHeader5=DBH\r\nColumnUnits5=cm\r\n"
+            "MeasurementSystem=METRIC\r\nShowUnassignedColumns=YES\r\nShowExcludedRows=YES\r\n"
+            "AutoValidateGridData=YES\r\nNumberOfColumns=5\r\n"
+            "[COLUMN_DELIMITERS]\r\nFixedWidth=NO\r\nComma=YES\r\nTab=NO\r\nSemicolon=NO\r\nSpace=NO\r\n"
+            "Other=NO\r\nOtherChars=\r\nTreatConsecutiveAsOne=NO\r\nTextQualifier=None\r\n"
+            "[TEMPLATE_COMMANDS]\r\nNumberOfCommands=1\r\nCommandType1=REPLACE_ALL\r\nFindString1=fd\r\n"
+            "ReplacementString1=FD\r\nColumnNumber1=4\r\nStartLine1=0\r\nEndLine1=0\r\nDeleteString1=\r\n");
 }
 
 TEST_F(frmHeadersTest, CancelledSaveWritesNothing) {

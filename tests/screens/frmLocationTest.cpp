@@ -345,7 +345,7 @@ TEST_F(LocationScreen, QuitAndTheCloseBoxAskAndAnyOtherCloseEnds) {
 }
 
 TEST_F(LocationScreen, HelpShowsTheContentsOfTheProgramsHelp) {
-  Run().HelpFile = "/help/Orvanta.html";
+  PlaceHelpFile();
   LoadWith({}).cmdHelp_Click();
   ASSERT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_EQ(ui.helpOpened[0].second, "contents");

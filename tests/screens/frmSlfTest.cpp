@@ -738,10 +738,10 @@ TEST_F(SlfScreen, CloseBoxAsksAndKeepsTheWindowTheProgramsUnloadPassesAndAnyOthe
 }
 
 TEST_F(SlfScreen, HelpShowsTheContentsOfTheProgramsHelp) {
-  Run().HelpFile = "/help/Orvanta.html";
+  const std::string help = PlaceHelpFile();
   LoadWith(kOneStand).cmdHelp_Click();
   ASSERT_EQ(ui.helpOpened.size(), 1u);
-  EXPECT_EQ(ui.helpOpened[0].first, "/help/Orvanta.html");
+  EXPECT_EQ(ui.helpOpened[0].first, help);
   EXPECT_EQ(ui.helpOpened[0].second, "contents");
 }
 

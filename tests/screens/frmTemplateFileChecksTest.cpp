@@ -292,7 +292,7 @@ TEST_F(SetupScreen, SelectingATemplateUnloadsTheColumnAndGridScreens) {
 }
 
 TEST_F(SetupScreen, HelpOpensTheScreensTopic) {
-  Run().HelpFile = "/h/Orvanta.html";
+  PlaceHelpFile();
   TheScreen().cmdHelp_Click();
   ASSERT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_EQ(ui.helpOpened[0].second, "context-7");

@@ -119,12 +119,13 @@ TEST_F(frmTemplateNameTest, CancelAndCloseBoxLeaveTemplateUnsaved) {
   EXPECT_FALSE(Run().TemplateSaved);
 }
 
-TEST_F(frmTemplateNameTest, HelpOpensTheContentsAndLeavesTheNameAlone) {
+TEST_F(frmTemplateNameTest, HelpOpensItsSectionAndLeavesTheNameAlone) {
+  PlaceHelpFile();
   dialog.Form_Load();
   dialog.SetText("plots");
   dialog.cmdHelp_Click();
   ASSERT_EQ(ui.helpOpened.size(), 1u);
-  EXPECT_EQ(ui.helpOpened[0].second, "contents");
+  EXPECT_EQ(ui.helpOpened[0].second, "context-40");
   EXPECT_EQ(dialog.cmbTemplateName.Text, "plots");
   EXPECT_EQ(dialog.cmdOk.Caption, "OK");
   EXPECT_EQ(dialog.cmdCancel.Caption, "Cancel");

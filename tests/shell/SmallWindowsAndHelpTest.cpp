@@ -1,6 +1,10 @@
 // The busy window, the append question and help.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <regex>
+#include <set>
+
 #include "TestSupport.h"
 #include "shell/Busy.h"
 #include "shell/Help.h"
@@ -97,22 +101,26 @@ TEST_F(SmallWindows, ClosingTheAppendQuestionByItsWindowControlCancels) {
 }
 
 TEST_F(SmallWindows, ShowHelpWithAContextOfZeroShowsTheContentsOnly) {
-  EXPECT_TRUE(ShowHelp(4, "/h/Orvanta.html", 0));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(4, help, 0));
   ASSERT_EQ(ui.helpOpened.size(), 1u);
-  EXPECT_EQ(ui.helpOpened[0], std::make_pair(std::string("/h/Orvanta.html"), std::string("contents")));
+  EXPECT_EQ(ui.helpOpened[0], std::make_pair(help, std::string("contents")));
+  EXPECT_TRUE(ui.boxes.empty());
 }
 
 TEST_F(SmallWindows, ShowHelpWithAContextOpensItsTopic) {
-  EXPECT_TRUE(ShowHelp(4, "/h/Orvanta.html", 7));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(4, help, 7));
   ASSERT_EQ(ui.helpOpened.size(), 1u);
   EXPECT_EQ(ui.helpOpened[0].second, "context-7");
 }
 
 TEST_F(SmallWindows, ShowHelpCommandsZeroToThree) {
-  EXPECT_TRUE(ShowHelp(0, "f", 9));
-  EXPECT_TRUE(ShowHelp(1, "f", 9));
-  EXPECT_TRUE(ShowHelp(2, "f", 9));
-  EXPECT_TRUE(ShowHelp(3, "f", 9));
+  const std::string help = PlaceHelpFile();
+  EXPECT_TRUE(ShowHelp(0, help, 9));
+  EXPECT_TRUE(ShowHelp(1, help, 9));
+  EXPECT_TRUE(ShowHelp(2, help, 9));
+  EXPECT_TRUE(ShowHelp(3, help, 9));
   ASSERT_EQ(ui.helpOpened.size(), 4u);
   EXPECT_EQ(ui.helpOpened[0].second, "");
   EXPECT_EQ(ui.helpOpened[1].second, "contents");
@@ -121,17 +129,84 @@ TEST_F(SmallWindows, ShowHelpCommandsZeroToThree) {
 }
 
 TEST_F(SmallWindows, ShowHelpWithAnotherCommandDoesNothingAndGivesFalse) {
-  EXPECT_FALSE(ShowHelp(5, "f", 7));
-  EXPECT_FALSE(ShowHelp(-1, "f", 7));
+  const std::string help = PlaceHelpFile();
+  EXPECT_FALSE(ShowHelp(5, help, 7));
+  EXPECT_FALSE(ShowHelp(-1, help, 7));
   EXPECT_TRUE(ui.helpOpened.empty());
+  EXPECT_TRUE(ui.boxes.empty());
+}
+
+TEST_F(SmallWindows, AMissingHelpFileIsSaidWithItsPathAndNoBrowserIsAsked) {
+  const std::string help = (home / "Help" / "Orvanta.html").string();
+  EXPECT_FALSE(ShowHelp(4, help, 7));
+  EXPECT_TRUE(ui.helpOpened.empty());
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "The help file could not be found:\r\n\r\n" + help);
+  EXPECT_EQ(ui.boxes[0].title, "Orvanta - Corvalin - Help");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Exclamation);
+  EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
+}
+
+TEST_F(SmallWindows, AFolderInPlaceOfTheHelpFileIsAMissingFile) {
+  const std::string folder = (home / "Help").string();
+  std::filesystem::create_directories(folder);
+  EXPECT_FALSE(ShowHelp(4, folder, 0));
+  EXPECT_TRUE(ui.helpOpened.empty());
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text, "The help file could not be found:\r\n\r\n" + folder);
+}
+
+TEST_F(SmallWindows, NoBrowserToShowTheHelpIsSaidWithTheFilesPath) {
+  const std::string help = PlaceHelpFile();
+  ui.browserStarts = false;
+  EXPECT_FALSE(ShowHelp(4, help, 24));
+  ASSERT_EQ(ui.helpOpened.size(), 1u);
+  EXPECT_EQ(ui.helpOpened[0].second, "context-24");
+  ASSERT_EQ(ui.boxes.size(), 1u);
+  EXPECT_EQ(ui.boxes[0].text,
+            "No web browser could be started to show the help. Open this file in your browser:\r\n\r\n" + help);
+  EXPECT_EQ(ui.boxes[0].title, "Orvanta - Corvalin - Help");
+  EXPECT_EQ(ui.boxes[0].icon, Icon::Exclamation);
+  EXPECT_EQ(ui.boxes[0].buttons, Buttons::OK);
 }
 
 TEST_F(SmallWindows, HelpPageHasASectionForEveryContextTheProgramUses) {
   const std::string page = testing::ReadFile(testing::SourceDir() / "data" / "Help" / "Orvanta.html");
-  for (int context : {6, 7, 10, 20, 24, 140, 180, 210, 220, 230, 240, 250})
+  for (int context : {6, 7, 10, 20, 24, 30, 40, 50, 60, 70, 80, 90, 100, 140, 180, 210, 220, 230, 240, 250})
     EXPECT_NE(page.find("id=\"" + HelpTopicOfContext(context) + "\""), std::string::npos) << context;
   for (const char* topic : {"contents", "index", "search"})
     EXPECT_NE(page.find(std::string("id=\"") + topic + "\""), std::string::npos) << topic;
+}
+
+// Every picture of the installed help is installed beside it, every link
+// within the page has its target, and no id is given twice.
+TEST_F(SmallWindows, InstalledHelpHasEveryPictureAndEveryLinkTarget) {
+  const std::filesystem::path helpFolder = testing::BinaryDir() / "share" / "corvalin" / "Help";
+  const std::string page = testing::ReadFile(helpFolder / HelpFileName);
+  EXPECT_EQ(page, testing::ReadFile(testing::SourceDir() / "data" / "Help" / HelpFileName));
+
+  std::set<std::string> ids;
+  const std::regex id(R"re(\bid="([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), id); it != std::sregex_iterator(); ++it)
+    EXPECT_TRUE(ids.insert((*it)[1]).second) << "id given twice: " << (*it)[1];
+
+  int links = 0;
+  const std::regex href(R"re(href="#([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), href); it != std::sregex_iterator(); ++it, ++links)
+    EXPECT_EQ(ids.count((*it)[1]), 1u) << "no target for #" << (*it)[1];
+  EXPECT_GT(links, 40);
+
+  int pictures = 0;
+  const std::regex img(R"re(<img src="([^"]*)" alt="([^"]*)")re");
+  for (auto it = std::sregex_iterator(page.begin(), page.end(), img); it != std::sregex_iterator(); ++it, ++pictures) {
+    EXPECT_TRUE(std::filesystem::is_regular_file(helpFolder / (*it)[1].str())) << (*it)[1];
+    EXPECT_FALSE((*it)[2].str().empty()) << (*it)[1];
+  }
+  // Each picture has its alt text: an <img without one would not match.
+  std::size_t tags = 0;
+  for (std::size_t at = page.find("<img"); at != std::string::npos; at = page.find("<img", at + 1)) ++tags;
+  EXPECT_EQ(static_cast<std::size_t>(pictures), tags);
+  EXPECT_GE(pictures, 28);
 }
 
 }  // namespace

@@ -31,6 +31,8 @@ class ScriptedToolkit : public Toolkit {
   std::deque<AppendChoice> appendChoices;
   // Called at every DoEvents (to press Cancel in the middle of a load, say).
   std::function<void()> onDoEvents;
+  // Whether OpenHelp finds a browser to show the help in.
+  bool browserStarts = true;
   // Scripts for the modal dialogs, in the order they open: each plays the
   // person at the dialog (types, presses OK or Cancel). A dialog with no
   // script left is left open, and so ends as cancelled.

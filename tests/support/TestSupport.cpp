@@ -80,10 +80,18 @@ void ScriptedToolkit::RunModal(ModalWindow& window) {
 
 bool ScriptedToolkit::OpenHelp(const std::string& helpFile, const std::string& topic) {
   helpOpened.emplace_back(helpFile, topic);
-  return true;
+  return browserStarts;
 }
 
 void ScriptedToolkit::EndProcess(int exitCode) { throw ProcessEnded{exitCode}; }
+
+std::string FreshProcess::PlaceHelpFile() {
+  const std::filesystem::path help = home / "Help" / "Orvanta.html";
+  std::filesystem::create_directories(help.parent_path());
+  WriteFile(help, "<!DOCTYPE html>\n<title>Help</title>\n");
+  Run().HelpFile = help.string();
+  return Run().HelpFile;
+}
 
 void FreshProcess::SetUp() {
   static std::mt19937_64 rng{std::random_device{}()};

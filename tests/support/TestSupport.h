@@ -29,6 +29,10 @@ class FreshProcess : public ::testing::Test {
   // Run of its own, which this hides inside fixtures).
   static RunState& Run() { return ::corvalin::Run(); }
 
+  // Puts a help page under HOME and makes it the program's help file, so
+  // that Help has a file to open; gives its path.
+  std::string PlaceHelpFile();
+
   std::filesystem::path home;  // the temporary HOME
   ScriptedToolkit ui;
 };

@@ -207,6 +207,19 @@ TEST_F(TemplateFileTest, HeadingWithoutLineBreakCannotBeSaved) {
   }
 }
 
+TEST_F(TemplateFileTest, TheKeysBeforeAHeadingThatCannotBeSavedAreWritten) {
+  std::array<std::string, 32> headings{};
+  headings[1] = "Plot ID\r\n";
+  headings[2] = "c2";
+  EXPECT_EQ(testing::ErrorNumberRaisedBy(
+                [&] { WriteFormatInfo(path, {"METRIC", "YES", "NO", "YES", "BC"}, 2, headings); }),
+            5);
+  EXPECT_EQ(testing::ReadFile(path),
+            "[FORMAT_INFO]\r\nMeasurementSystem=METRIC\r\nShowUnassignedColumns=YES\r\nShowExcludedRows=NO\r\n"
+            "AutoValidateGridData=YES\r\nOrvanVariant=BC\r\nNumberOfColumns=2\r\nColumnHeader1=Plot ID\r\n"
+            "ColumnUnits1=\r\n");
+}
+
 TEST_F(TemplateFileTest, SavingFewerColumnsOverAWiderTemplateLeavesOldHeaderKeys) {
   std::array<std::string, 32> headings{};
   for (int i = 1; i <= 9; ++i) headings[static_cast<std::size_t>(i)] = "Tree ID\r\n";
