@@ -523,6 +523,7 @@ bool MaySave(const Action& action) {
   static const std::vector<std::string> saves{"cmdSave", "cmdDone", "cmbNext", "cmdBack", "cmdQuit", "cmdSaveTemplate"};
   const bool editor = std::find(editors.begin(), editors.end(), action.window) != editors.end();
   if (!editor) return false;
+  if (action.window == "frmTemplateName") return action.control == "cmdOk" || action.kind != "click";
   if (action.kind == "close" || action.kind == "key" || action.kind == "type") return true;
   return std::find(saves.begin(), saves.end(), action.control) != saves.end();
 }

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <functional>
@@ -101,7 +102,8 @@ class Person {
   }
 
   void Check() {
-    const std::string fault = saved_.Check(saving_ > 0, removing_ > 0);
+    const bool saving = std::find(saving_.begin(), saving_.end(), true) != saving_.end();
+    const std::string fault = saved_.Check(saving, removing_ > 0);
     if (!fault.empty()) Finding("saved file: " + fault);
   }
 
@@ -129,14 +131,16 @@ class Person {
     ++done_;
     Tell("A " + Serialize(action));
     Arm();
-    const bool save = MaySave(action);
-    const bool remove = MayRemove(action);
-    saving_ += save ? 1 : 0;
-    removing_ += remove ? 1 : 0;
+    // A save pressed in a dialog (Save Template's OK) is written by the
+    // routine that opened the dialog, once it closes: every action still
+    // running under the save may change the files until it ends.
+    if (MaySave(action)) std::fill(saving_.begin(), saving_.end(), true);
+    saving_.push_back(MaySave(action));
+    removing_ += MayRemove(action) ? 1 : 0;
     Perform(action);
     Check();
-    saving_ -= save ? 1 : 0;
-    removing_ -= remove ? 1 : 0;
+    saving_.pop_back();
+    removing_ -= MayRemove(action) ? 1 : 0;
   }
 
   // The budget is spent: the files are checked once more after the events
@@ -158,7 +162,8 @@ class Person {
   std::vector<Action> replay_;
   long next_ = 0;
   long done_ = 0;
-  int saving_ = 0;
+  // Whether each action running, the outermost first, may write a save.
+  std::vector<bool> saving_;
   int removing_ = 0;
   bool finishing_ = false;
 };
