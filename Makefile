@@ -50,7 +50,10 @@ sanitize: deps
 # EXERCISE_ACTIONS actions each (or EXERCISE_SECONDS seconds each when set),
 # from EXERCISE_SEED. A finding is shrunk, written under exercise-findings/,
 # and fails the target. exercise-ci is the short run of continuous
-# integration: 10 seconds an input, fixed seeds.
+# integration: 10 seconds an input, fixed seeds. Its stall limit is 10 s, not
+# the 2 s of the long runs: a machine of unknown speed, busy with nothing
+# else, must not fail it by being slow; the long runs are where a window
+# that stops answering for 2 s is looked for.
 EXERCISE_ACTIONS ?= 50000
 EXERCISE_SECONDS ?=
 EXERCISE_SEED ?= 1
@@ -63,7 +66,7 @@ exercise: deps
 exercise-ci: deps
 	cmake -S . -B $(SANITIZE_BUILD) -G $(GENERATOR) -DCORVALIN_SANITIZE=ON -DCORVALIN_BENCH=OFF $(WARNINGS)
 	cmake --build $(SANITIZE_BUILD) --target exerciser
-	./$(SANITIZE_BUILD)/tools/exerciser --input all --seed 30 --seconds 10 --shrink-seconds 120
+	./$(SANITIZE_BUILD)/tools/exerciser --input all --seed 30 --seconds 10 --stall-ms 10000 --shrink-seconds 120
 
 # The windows' tests and the end-to-end tests SOAK_ROUNDS times one at a
 # time, then SOAK_ROUNDS times two at a time, stopping at the first failure
