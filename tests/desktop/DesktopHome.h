@@ -86,11 +86,14 @@ inline void AnswerBox(QMessageBox::StandardButton button, QString* text = nullpt
 }
 
 // The control of a window with this object name; the test ends when there
-// is none.
+// is none, saying which window it looked in.
 template <class T>
 T* Child(QWidget* window, const char* name) {
   T* child = window->findChild<T*>(QString::fromLatin1(name));
-  if (child == nullptr) qFatal("no control %s", name);
+  if (child == nullptr)
+    qFatal("no control %s in %s \"%s\" titled \"%s\"%s", name, window->metaObject()->className(),
+           qPrintable(window->objectName()), qPrintable(window->windowTitle()),
+           window->isVisible() ? "" : ", hidden");
   return child;
 }
 
