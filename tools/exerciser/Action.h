@@ -17,6 +17,9 @@ struct Action {
   std::string data;
 };
 
+// Which files an action may remove (see MayRemove).
+enum class Removal { None, Template };
+
 // Tabs, line ends and backslashes of a field are escaped, so every action
 // stays one line.
 std::string Serialize(const Action& action);

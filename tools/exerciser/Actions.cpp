@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QFileDialog>
@@ -13,6 +14,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTextEdit>
 #include <QtTest/QtTest>
@@ -50,6 +52,7 @@ std::vector<Control> Controls(QWidget* window) {
   std::map<std::string, int> seen;
   for (QWidget* widget : window->findChildren<QWidget*>()) {
     if (widget->window() != window || !widget->isVisible() || !widget->isEnabled() || !IsControl(widget)) continue;
+    if (qobject_cast<QFileDialog*>(window) && widget->objectName() == QLatin1String("newFolderButton")) continue;
     // A combo box's own line edit is the combo box's.
     if (qobject_cast<QLineEdit*>(widget) && qobject_cast<QComboBox*>(widget->parentWidget())) continue;
     std::string base = Std(widget->objectName());
@@ -140,7 +143,8 @@ const std::vector<std::pair<std::string, Qt::Key>>& Keys() {
                                                                  {"Delete", Qt::Key_Delete},
                                                                  {"Home", Qt::Key_Home},
                                                                  {"End", Qt::Key_End},
-                                                                 {"PageDown", Qt::Key_PageDown}};
+                                                                 {"PageDown", Qt::Key_PageDown},
+                                                                 {"F4", Qt::Key_F4}};
   return keys;
 }
 
@@ -208,10 +212,23 @@ std::string RandomText(std::mt19937_64& random) {
   return text;
 }
 
-// A cell of the view under a random point of its viewport, as "row,column".
+// A cell of the view in sight, as "row,column": under a random point of its
+// viewport, or, where that point has no cell (a few rows in a tall view), a
+// random cell among those in sight.
 std::string RandomCell(QAbstractItemView* view, std::mt19937_64& random) {
   QWidget* port = view->viewport();
-  const QModelIndex index = view->indexAt(QPoint(Roll(random, port->width()), Roll(random, port->height())));
+  QModelIndex index = view->indexAt(QPoint(Roll(random, port->width()), Roll(random, port->height())));
+  QAbstractItemModel* model = view->model();
+  for (int attempt = 0; !index.isValid() && model != nullptr && attempt < 8; ++attempt) {
+    const int rows = model->rowCount(view->rootIndex());
+    const int columns = model->columnCount(view->rootIndex());
+    if (rows <= 0 || columns <= 0) break;
+    const QModelIndex top = view->indexAt(QPoint(0, 0));
+    const int first = top.isValid() ? top.row() : 0;
+    const QModelIndex candidate =
+        model->index(first + Roll(random, std::min(rows - first, 40)), Roll(random, columns), view->rootIndex());
+    if (view->visualRect(candidate).intersects(port->rect())) index = candidate;
+  }
   if (!index.isValid()) return {};
   return Join({index.row(), index.column()});
 }
@@ -238,10 +255,24 @@ QPoint SectionPoint(QHeaderView* header, int section) {
   return header->viewport()->rect().contains(at) ? at : QPoint(-1, -1);
 }
 
+// The person leaves the file dialogs' own file keeping alone: their Delete,
+// Rename and New Folder act on whatever folder the dialog shows, outside the
+// program, and could reach any file of the machine.
+bool InFileDialog(QWidget* widget) { return widget != nullptr && qobject_cast<QFileDialog*>(widget->window()); }
+
+bool KeepsFiles(const QString& entry) {
+  QString text = entry;
+  text.remove(QLatin1Char('&'));
+  text = text.section(QLatin1Char('\t'), 0, 0);
+  return text == QLatin1String("Delete") || text == QLatin1String("Rename") || text == QLatin1String("New Folder");
+}
+
 std::vector<QAction*> MenuEntries(QMenu* menu) {
+  const bool fileDialog = InFileDialog(menu->parentWidget());
   std::vector<QAction*> entries;
   for (QAction* action : menu->actions())
-    if (action->isVisible() && !action->isSeparator()) entries.push_back(action);
+    if (action->isVisible() && !action->isSeparator() && !(fileDialog && KeepsFiles(action->text())))
+      entries.push_back(action);
   return entries;
 }
 
@@ -256,7 +287,8 @@ Action ChooseOnControl(QWidget* window, const Control& control, std::mt19937_64&
     action.kind = roll < 40 ? "section" : roll < 70 ? "section-menu" : "section-drag";
     action.data = action.kind == "section-drag" ? Join({from, to}) : std::to_string(from);
   } else if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
-    action.kind = roll < 30   ? "cell"
+    action.kind = roll < 20   ? "cell"
+                  : roll < 35 ? "cell-button"
                   : roll < 45 ? "cell-double"
                   : roll < 65 ? "cell-type"
                   : roll < 80 ? "cell-menu"
@@ -281,6 +313,11 @@ Action ChooseOnControl(QWidget* window, const Control& control, std::mt19937_64&
     action.data = action.kind == "drag" ? point() + "," + point() : point();
   } else if (roll >= 93) {
     action.kind = "right-click";
+  } else if (qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget)) {
+    // A box stretched across its window takes a click only on its mark and
+    // its text: a person aims there.
+    const int reach = std::clamp(widget->sizeHint().width(), 1, std::max(1, widget->width()));
+    action.data = Join({Roll(random, reach) * 1000 / std::max(1, widget->width()), 500});
   }
   return action;
 }
@@ -331,15 +368,78 @@ QWidget* FindWindow(const std::string& key) {
   return nullptr;
 }
 
-Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices& files) {
+Goal GoalOfLife(int life) { return static_cast<Goal>(life % 3); }
+
+namespace {
+
+// How likely the person is to take the control, against 4 for most. A
+// hurried person presses on: Next and OK come up more often than the rest,
+// Quit less, so that the lives reach the later screens. A life with a goal
+// goes for the controls that lead there and stays.
+int Weight(const std::string& window, QWidget* widget, Goal goal) {
+  const QString name = widget->objectName();
+  const auto is = [&](std::initializer_list<const char*> names) {
+    for (const char* n : names)
+      if (name == QLatin1String(n)) return true;
+    return false;
+  };
+  const auto* box = qobject_cast<QAbstractButton*>(widget);
+  const bool checked = box != nullptr && box->isCheckable() && box->isChecked();
+  if (goal == Goal::Grid && window == "frmTemplate") {
+    // A file to translate, no files to edit, and on to the grid.
+    if (is({"chkTranslateFile"})) return checked ? 1 : 24;
+    if (is({"chkEditStandListFile"})) return checked ? 24 : 0;
+    if (is({"cmdNextTrans"})) return 24;
+    if (is({"cmbTemplate", "cmdChangeInput"})) return 8;
+    if (is({"cmdConfigure", "cmdDeleteTemplate", "cmdFinish"})) return 1;
+  }
+  if (goal == Goal::Grid && window == "frmColumns") {
+    if (is({"cmdNext"})) return 24;
+    if (is({"cmdBack", "cmdFinish"})) return 1;
+  }
+  if (goal == Goal::Grid && window == "frmHeaders") {
+    if (is({"TDBGrid1"})) return 40;
+    if (is({"cmbHeaderChoices", "cmbUnitChoices", "cmdEditTemplateCommands"}) ||
+        qobject_cast<QHeaderView*>(widget) != nullptr)
+      return 16;
+    if (is({"cmdNext", "cmdFinish", "cmdBack", "cmdQuit"})) return 1;
+  }
+  if (goal == Goal::Grid && window == "frmEditTemplateCommands") {
+    // A command chosen and opened, rather than OK at once.
+    if (is({"lstTemplateCommands", "cmdEdit"})) return 12;
+    if (is({"cmdOk"})) return 2;
+  }
+  if (goal == Goal::Editors && window == "frmTemplate") {
+    // Files to edit, nothing to translate.
+    if (is({"chkTranslateFile"})) return checked ? 24 : 0;
+    if (is({"chkEditStandListFile"})) return checked ? 1 : 24;
+    if (is({"cmdSelectSlf", "cmdSelectLocations"})) return 12;
+  }
+  if (goal == Goal::Editors && (window == "frmSlf" || window == "frmLocation")) {
+    if (is({"cmdInsertA", "cmdInsertB", "cmdInsertC", "cmdInsertD", "cmdEdit"})) return 8;
+    if (is({"cmdBack", "cmdQuit"})) return 1;
+  }
+  if (is({"cmdNext", "cmbNext", "cmdOk", "cmdOK"})) return 16;
+  if (is({"cmdQuit", "cmdExit"})) return 1;
+  return 4;
+}
+
+}  // namespace
+
+Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices& files, Goal goal) {
   Action action{WindowKey(window), Std(window->windowTitle()), "-", "", ""};
   if (auto* menu = qobject_cast<QMenu*>(window)) {
     const std::vector<QAction*> entries = MenuEntries(menu);
+    // A person mostly takes an entry that is not greyed out.
+    std::vector<int> enabled;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+      if (entries[i]->isEnabled()) enabled.push_back(static_cast<int>(i));
     if (entries.empty() || Roll(random, 8) == 0) {
       action.kind = "key";
       action.data = "Escape";
     } else {
-      const int n = Roll(random, static_cast<int>(entries.size()));
+      const int n = !enabled.empty() && Roll(random, 8) != 0 ? enabled[Roll(random, static_cast<int>(enabled.size()))]
+                                                             : Roll(random, static_cast<int>(entries.size()));
       action.kind = "menu";
       action.data = std::to_string(n) + "|" + Std(entries[n]->text());
     }
@@ -352,7 +452,14 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
       action.data = "Escape";
     } else {
       action.kind = "item";
-      action.data = std::to_string(Roll(random, std::max(1, view->model()->rowCount(view->rootIndex()))));
+      const int rows = view->model()->rowCount(view->rootIndex());
+      int row = Roll(random, std::max(1, rows));
+      // A life bound for the grid mostly takes the template made for the
+      // exerciser, whose damage column and commands open the rarer dialogs.
+      if (goal == Goal::Grid && Roll(random, 2) == 0)
+        for (int r = 0; r < rows; ++r)
+          if (view->model()->index(r, 0, view->rootIndex()).data().toString() == QLatin1String("mixed")) row = r;
+      action.data = std::to_string(row);
     }
     return action;
   }
@@ -361,16 +468,19 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
     action.kind = "file";
     // Half the time the file the dialog asks for (its title says which: the
     // stand list, the location file, else the input), so that the lives
-    // reach the screens past it; else any of them.
+    // reach the screens past it; else any of them. A life with a goal
+    // mostly takes the file that leads there.
     const std::string title = Std(window->windowTitle());
     const int fitting = title.find("Stand List") != std::string::npos ? 1
                         : title.find("Location") != std::string::npos ? 2
                                                                       : 0;
-    const int pick = Roll(random, 2) == 0 ? fitting : Roll(random, static_cast<int>(files.paths.size()));
+    const bool fits = goal == Goal::Wander ? Roll(random, 2) == 0 : Roll(random, 8) != 0;
+    const int pick = fits ? fitting : Roll(random, static_cast<int>(files.paths.size()));
     action.data = ToHex(files.paths[pick]);
     return action;
   }
-  if (roll < 4) {
+  // A life with a goal seldom closes the window it works in.
+  if (roll < (goal == Goal::Wander ? 4 : 1)) {
     action.kind = "close";
     return action;
   }
@@ -385,20 +495,16 @@ Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices&
     action.data = Keys()[Roll(random, static_cast<int>(Keys().size()))].first;
     return action;
   }
-  // A hurried person presses on: Next and OK come up more often than the
-  // rest, Quit less, so that the lives reach the later screens.
   std::vector<int> weights;
   int total = 0;
   for (const Control& control : controls) {
-    const QString name = control.widget->objectName();
-    int weight = 4;
-    if (name == QLatin1String("cmdNext") || name == QLatin1String("cmbNext") || name == QLatin1String("cmdOk") ||
-        name == QLatin1String("cmdOK"))
-      weight = 16;
-    else if (name == QLatin1String("cmdQuit") || name == QLatin1String("cmdExit"))
-      weight = 1;
-    weights.push_back(weight);
-    total += weight;
+    weights.push_back(Weight(action.window, control.widget, goal));
+    total += weights.back();
+  }
+  if (total == 0) {
+    action.kind = "key";
+    action.data = Keys()[Roll(random, static_cast<int>(Keys().size()))].first;
+    return action;
   }
   int pick = Roll(random, total);
   std::size_t chosen = 0;
@@ -415,6 +521,8 @@ bool Perform(const Action& action) {
     return true;
   }
   if (action.kind == "key") {
+    // Delete in a file dialog deletes the entry in view.
+    if (action.data == "Delete" && InFileDialog(KeyTarget(window))) return false;
     for (const auto& [name, key] : Keys())
       if (name == action.data) {
         Key(window, key);
@@ -437,6 +545,17 @@ bool Perform(const Action& action) {
     if (view == nullptr || view->model() == nullptr) return false;
     const QModelIndex index = view->model()->index(std::atoi(action.data.c_str()), 0, view->rootIndex());
     if (!index.isValid()) return false;
+    if (window->inherits("QComboBoxPrivateContainer")) {
+      // A drop-down list takes no click in its first moments (the release of
+      // the click that opened it must not choose): the person goes by keys,
+      // up to the top, down to the entry, and Enter.
+      QPointer<QAbstractItemView> alive(view);
+      const int rows = view->model()->rowCount(view->rootIndex());
+      for (int i = 0; i < rows && alive; ++i) QTest::keyClick(view, Qt::Key_Up);
+      for (int i = 0; i < index.row() && alive; ++i) QTest::keyClick(view, Qt::Key_Down);
+      if (alive) QTest::keyClick(view, Qt::Key_Return);
+      return true;
+    }
     view->scrollTo(index);
     const QRect rect = view->visualRect(index);
     if (rect.isEmpty()) return false;
@@ -494,11 +613,17 @@ bool Perform(const Action& action) {
   } else if (action.kind.rfind("cell", 0) == 0) {
     auto* view = qobject_cast<QAbstractItemView*>(control);
     if (view == nullptr) return false;
+    // A drag in a file dialog's list would move files.
+    if (action.kind == "cell-drag" && InFileDialog(view)) return false;
     const std::size_t bar = action.data.find('|');
     const QRect rect = CellRect(view, action.data.substr(0, bar));
     if (rect.isEmpty()) return false;
     if (action.kind == "cell")
       Click(target, rect.center());
+    else if (action.kind == "cell-button")
+      // The drop-down button that a column with a code list or the damage
+      // dialog draws at the right of its cells.
+      Click(target, QPoint(std::max(rect.left(), rect.right() - 5), rect.center().y()));
     else if (action.kind == "cell-double")
       DoubleClick(target, rect.center());
     else if (action.kind == "cell-menu")
@@ -528,9 +653,9 @@ bool MaySave(const Action& action) {
   return std::find(saves.begin(), saves.end(), action.control) != saves.end();
 }
 
-bool MayRemove(const Action& action) {
-  if (action.window != "frmTemplate") return false;
-  return action.control == "cmdDeleteTemplate" || action.kind == "key";
+Removal MayRemove(const Action& action) {
+  if (action.window != "frmTemplate") return Removal::None;
+  return action.control == "cmdDeleteTemplate" || action.kind == "key" ? Removal::Template : Removal::None;
 }
 
 }  // namespace corvalin::exerciser

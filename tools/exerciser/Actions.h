@@ -31,9 +31,15 @@ QWidget* TopWindow(std::mt19937_64& random);
 std::string WindowKey(QWidget* window);
 QWidget* FindWindow(const std::string& key);
 
+// What a life's person is after, beyond pressing on: a wander through the
+// screens, a stay in the grid (its cells, headings, menus and the dialogs
+// they open), or the stand list and location editors.
+enum class Goal { Wander, Grid, Editors };
+Goal GoalOfLife(int life);
+
 // Chooses an action on the window; its kind is empty when the window offers
 // nothing to do.
-Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices& files);
+Action ChooseAction(QWidget* window, std::mt19937_64& random, const FileChoices& files, Goal goal);
 // Carries the action out; false when its window or control is not there.
 bool Perform(const Action& action);
 
@@ -41,8 +47,8 @@ bool Perform(const Action& action);
 // press a save (Save Template, the editors' Save, Done, Next, Back, Quit), or
 // closes or types keys into an editor that asks to save.
 bool MaySave(const Action& action);
-// Whether the action may remove the template: Delete on the first screen,
-// by click or by a key on its focused button.
-bool MayRemove(const Action& action);
+// Which files the action may remove: Delete on the first screen, by click or
+// by a key on its focused button, removes the template.
+Removal MayRemove(const Action& action);
 
 }  // namespace corvalin::exerciser

@@ -1,9 +1,13 @@
 #include "Inputs.h"
 
+#include <cctype>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
+#include <sstream>
 #include <thread>
 
 namespace corvalin::exerciser {
@@ -71,7 +75,12 @@ std::string Wide() {
 }  // namespace
 
 std::string MakeInput(const std::string& name, const std::string& folder, const std::string& survey) {
-  if (name == "survey") return fs::absolute(survey).string();
+  // A copy: the person may choose the input as the output file too.
+  if (name == "survey") {
+    const std::string copy = folder + "/tree.csv";
+    fs::copy_file(survey, copy, fs::copy_options::overwrite_existing);
+    return copy;
+  }
   const std::string path = folder + "/" + name + ".csv";
   if (name == "empty" || name == "growing")
     Write(path, "");
@@ -98,9 +107,60 @@ void GrowWhileRunning(const std::string& path, long limitBytes) {
   }).detach();
 }
 
+namespace {
+
+std::string ReadWhole(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void ReplaceOnce(std::string& text, const std::string& from, const std::string& to) {
+  const std::size_t at = text.find(from);
+  if (at != std::string::npos) text.replace(at, from.size(), to);
+}
+
+// The sample template with a damage column and, first among its commands,
+// one of each kind that opens a dialog of its own from the command editor:
+// with it a life reaches the damage dialog and the range exclusion.
+std::string MixedTemplate(const std::string& sample) {
+  std::string text = ReadWhole(sample);
+  ReplaceOnce(text, "ColumnHeader8=? column\r\nColumnUnits8=? units",
+              "ColumnHeader8=Damage/Severity - 1\r\nColumnUnits8=");
+  const std::size_t commands = text.find("[TEMPLATE_COMMANDS]\r\n");
+  if (commands == std::string::npos) return text;
+  std::string out = text.substr(0, commands) + "[TEMPLATE_COMMANDS]\r\n";
+  std::istringstream in(text.substr(commands + 21));
+  std::string line;
+  while (std::getline(in, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::size_t equals = line.find('=');
+    std::size_t digits = equals;
+    while (digits > 0 && digits != std::string::npos && std::isdigit(static_cast<unsigned char>(line[digits - 1])))
+      --digits;
+    if (line.rfind("NumberOfCommands=", 0) == 0) {
+      out += "NumberOfCommands=" + std::to_string(std::atoi(line.c_str() + 17) + 2) + "\r\n";
+      out +=
+          "CommandType1=EXCLUDE_RANGE\r\nFindString1=\r\nReplacementString1=\r\nColumnNumber1=1\r\n"
+          "StartLine1=5\r\nEndLine1=9\r\nDeleteString1=\r\n";
+      out +=
+          "CommandType2=EXCLUDE_STARTING_WITH\r\nFindString2=\r\nReplacementString2=\r\nColumnNumber2=1\r\n"
+          "StartLine2=0\r\nEndLine2=0\r\nDeleteString2=1\r\n";
+    } else if (equals != std::string::npos && digits < equals) {
+      const int n = std::atoi(line.substr(digits, equals - digits).c_str()) + 2;
+      out += line.substr(0, digits) + std::to_string(n) + line.substr(equals) + "\r\n";
+    } else {
+      out += line + "\r\n";
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
 void SeedWorkFolder(const std::string& workFolder, const std::string& installedWork) {
   fs::create_directories(workFolder);
   fs::copy_file(installedWork + "/lolo.cnv", workFolder + "/lolo.cnv", fs::copy_options::overwrite_existing);
+  Write(workFolder + "/mixed.cnv", MixedTemplate(installedWork + "/lolo.cnv"));
   Write(workFolder + "/stands.slf",
         "A st1 trees\\st1.tre WithPointData bc @\r\n"
         "B st1 1995 50.5 119.5 106  @ 1950 180 20 45 @ 10 @ 5 0 1 100 0 10 0 10 10 @ @ fd 22\r\n"
@@ -115,7 +175,7 @@ void SeedWorkFolder(const std::string& workFolder, const std::string& installedW
 }
 
 std::vector<std::string> WatchedFiles(const std::string& workFolder) {
-  return {workFolder + "/lolo.cnv", workFolder + "/stands.slf", workFolder + "/places.loc"};
+  return {workFolder + "/lolo.cnv", workFolder + "/mixed.cnv", workFolder + "/stands.slf", workFolder + "/places.loc"};
 }
 
 }  // namespace corvalin::exerciser

@@ -12,7 +12,7 @@ const std::vector<std::string>& InputNames();
 bool IsInputName(const std::string& name);
 
 // Makes the input file of that name in the folder and returns its path; the
-// survey is the file given. "growing" starts empty: GrowWhileRunning appends
+// survey is a copy of the file given. "growing" starts empty: GrowWhileRunning appends
 // to it.
 std::string MakeInput(const std::string& name, const std::string& folder, const std::string& survey);
 
@@ -21,7 +21,9 @@ std::string MakeInput(const std::string& name, const std::string& folder, const 
 void GrowWhileRunning(const std::string& path, long limitBytes);
 
 // The Work folder as the first start finds it: the installed sample template
-// (lolo.cnv), a stand list (stands.slf) and a location file (places.loc).
+// (lolo.cnv), the sample with a damage column and a range and a starting-with
+// command first (mixed.cnv), a stand list (stands.slf) and a location file
+// (places.loc).
 void SeedWorkFolder(const std::string& workFolder, const std::string& installedWork);
 
 // The files of the Work folder the saved-file check watches.

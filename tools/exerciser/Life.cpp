@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
@@ -14,11 +15,15 @@
 
 #include "Action.h"
 #include "Actions.h"
+#include "Confine.h"
 #include "Inputs.h"
 #include "SavedFiles.h"
 #include "desktop/QtToolkit.h"
 #include "desktop/ViewFactory.h"
+#include "screens/Application.h"
 #include "screens/frmMain.h"
+#include "screens/frmSlf.h"
+#include "screens/frmTemplate.h"
 #include "shell/Error.h"
 #include "shell/Process.h"
 #include "shell/Toolkit.h"
@@ -50,6 +55,18 @@ void Tell(const std::string& line) {
   std::_Exit(97);
 }
 
+// The stand list editor's Delete has no handler of its own, and a cancelled
+// first new record leaves it enabled with no line selected: pressing it then
+// ends the program through the run-time's box. That is the editor's answer,
+// not a fault, and only there is the box taken as one.
+const char* const kDeleteWithNothingSelected = "[5] Invalid procedure call or argument";
+
+bool StandListDeleteWithNothingSelected(const Action& action) {
+  if (action.window != "frmSlf" || !App().SlfLoaded()) return false;
+  const frmSlf& slf = App().Slf();
+  return slf.lstSlf.ListIndex == -1 && slf.cmdDelete.Enabled && slf.cmdDelete.Visible;
+}
+
 // The desktop's Toolkit as the program has it, telling the parent when the
 // run-time's box of an unhandled failure comes up and when the program ends.
 class WatchedToolkit : public QtToolkit {
@@ -57,10 +74,16 @@ class WatchedToolkit : public QtToolkit {
   Answer Message(const MessageRequest& request) override {
     // An error that escaped an event routine: "[" number "] " description
     // under the critical icon, before the program ends.
-    if (request.icon == Icon::Critical && !request.text.empty() && request.text[0] == '[')
-      Finding("unhandled failure: " + request.text);
+    if (request.icon == Icon::Critical && !request.text.empty() && request.text[0] == '[') {
+      if (!(deleteWithNothingSelected && request.text == kDeleteWithNothingSelected))
+        Finding("unhandled failure: " + request.text);
+      Tell("P " + request.text);
+    }
     return QtToolkit::Message(request);
   }
+  // Set while an action runs on the stand list editor with Delete enabled
+  // and no line selected.
+  bool deleteWithNothingSelected = false;
   [[noreturn]] void EndProcess(int exitCode) override {
     Tell("E " + std::to_string(exitCode));
     QtToolkit::EndProcess(exitCode);
@@ -76,7 +99,7 @@ class Person {
       : options_(options),
         toolkit_(toolkit),
         random_(options.seed * 1000003ULL + options.life),
-        saved_(WatchedFiles(options.workFolder)) {
+        saved_(WatchedFiles(options.workFolder), CORVALIN_BINARY_DIR "/share/corvalin/Work") {
     files_.paths = {options.inputPath,
                     options.workFolder + "/stands.slf",
                     options.workFolder + "/places.loc",
@@ -103,8 +126,23 @@ class Person {
 
   void Check() {
     const bool saving = std::find(saving_.begin(), saving_.end(), true) != saving_.end();
-    const std::string fault = saved_.Check(saving, removing_ > 0);
+    Removal removal = Removal::None;
+    for (const Removal running : removals_) removal = std::max(removal, running);
+    NoteListFiles();
+    const std::string fault = saved_.Check(saving, removal, listFiles_);
     if (!fault.empty()) Finding("saved file: " + fault);
+  }
+
+  // The files the first screen names as the stand list and the location
+  // file, at any time of this life: the editors write lines into them, even
+  // into a template chosen there, and a save may end with the first screen
+  // loaded afresh.
+  void NoteListFiles() {
+    if (!App().TemplateLoaded()) return;
+    for (const std::string* caption :
+         {&App().Template().lblSlfFile.Caption, &App().Template().lblLocationsFile.Caption})
+      if (!caption->empty() && std::find(listFiles_.begin(), listFiles_.end(), *caption) == listFiles_.end())
+        listFiles_.push_back(*caption);
   }
 
   void Turn() {
@@ -117,10 +155,15 @@ class Person {
     if (options_.replayFile.empty()) {
       QWidget* window = TopWindow(random_);
       if (window == nullptr) {
+        // The program runs on with no window for the person: nothing can
+        // end it but the process's death.
+        if (!idle_.isValid()) idle_.start();
+        if (idle_.elapsed() > kIdleLimitMs) Finding("idle: no window to act on for 10 s while the program runs");
         Arm();
         return;
       }
-      action = ChooseAction(window, random_, files_);
+      idle_.invalidate();
+      action = ChooseAction(window, random_, files_, GoalOfLife(options_.life));
       if (action.kind.empty()) {
         Arm();
         return;
@@ -136,11 +179,16 @@ class Person {
     // running under the save may change the files until it ends.
     if (MaySave(action)) std::fill(saving_.begin(), saving_.end(), true);
     saving_.push_back(MaySave(action));
-    removing_ += MayRemove(action) ? 1 : 0;
-    Perform(action);
+    removals_.push_back(MayRemove(action));
+    NoteListFiles();
+    const bool outer = toolkit_.deleteWithNothingSelected;
+    toolkit_.deleteWithNothingSelected = outer || StandListDeleteWithNothingSelected(action);
+    const bool performed = Perform(action);
+    toolkit_.deleteWithNothingSelected = outer;
+    if (!performed) Tell("S");
     Check();
     saving_.pop_back();
-    removing_ -= MayRemove(action) ? 1 : 0;
+    removals_.pop_back();
   }
 
   // The budget is spent: the files are checked once more after the events
@@ -164,7 +212,11 @@ class Person {
   long done_ = 0;
   // Whether each action running, the outermost first, may write a save.
   std::vector<bool> saving_;
-  int removing_ = 0;
+  std::vector<std::string> listFiles_;
+  static constexpr qint64 kIdleLimitMs = 10000;
+  QElapsedTimer idle_;
+  // Which files each action running may remove, the outermost first.
+  std::vector<Removal> removals_;
   bool finishing_ = false;
 };
 
@@ -172,6 +224,11 @@ class Person {
 
 int RunLife(int argc, char** argv, const LifeOptions& options) {
   pipeFd = options.pipeFd;
+  std::string why;
+  if (ConfineWrites({options.runFolder}, why))
+    Tell("C 1");
+  else
+    Tell("C 0 " + why);
   std::setlocale(LC_ALL, "");
   SetStartFolder(StartFolder());
   SetCommandLine("");

@@ -1,5 +1,6 @@
 #include "SavedFiles.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -23,6 +24,14 @@ bool EndsWith(const std::string& text, const std::string& end) {
 
 std::string NameOf(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
+bool AmongFiles(const std::vector<std::string>& files, const std::string& path) {
+  for (const std::string& file : files) {
+    std::error_code ec;
+    if (!file.empty() && std::filesystem::equivalent(file, path, ec)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string LinesFault(const std::string& bytes) {
@@ -40,7 +49,7 @@ std::string LinesFault(const std::string& bytes) {
   return {};
 }
 
-std::string TemplateFault(const std::string& path, const std::string& bytes) {
+std::string TemplateFault(const std::string& path, const std::string& bytes, const std::string& before) {
   if (bytes.empty()) return "it is empty";
   if (!EndsWith(bytes, "\n")) return "its last line has no line end";
   std::istringstream in(bytes);
@@ -58,7 +67,10 @@ std::string TemplateFault(const std::string& path, const std::string& bytes) {
       continue;
     }
     const std::size_t equals = line.find('=');
-    if (equals == std::string::npos) return "a line is neither a section nor a key: " + line;
+    if (equals == std::string::npos) {
+      if (before.find(line + "\r\n") != std::string::npos || before.find(line + "\n") != std::string::npos) continue;
+      return "a line is neither a section nor a key: " + line;
+    }
     if (section == SectionTemplateCommands && line.substr(0, equals) == "NumberOfCommands")
       commands = line.substr(equals + 1);
   }
@@ -72,17 +84,24 @@ std::string TemplateFault(const std::string& path, const std::string& bytes) {
   return {};
 }
 
-SavedFiles::SavedFiles(std::vector<std::string> paths) : paths_(std::move(paths)) {
-  for (const std::string& path : paths_) kept_[path] = Read(path);
+SavedFiles::SavedFiles(std::vector<std::string> paths, const std::string& installedWork) : paths_(std::move(paths)) {
+  for (const std::string& path : paths_) {
+    kept_[path] = Read(path);
+    installed_[path] = Read(installedWork + "/" + NameOf(path));
+  }
 }
 
-std::string SavedFiles::Check(bool saving, bool removing) {
+std::string SavedFiles::Check(bool saving, Removal removal, const std::vector<std::string>& linesFiles) {
   for (const std::string& path : paths_) {
     const std::optional<std::string> now = Read(path);
     std::optional<std::string>& kept = kept_[path];
     if (now == kept) continue;
+    if (now && now == installed_[path]) {
+      kept = now;
+      continue;
+    }
     const std::string name = NameOf(path);
-    if (!now && removing && EndsWith(path, TemplateExtension)) {
+    if (!now && removal == Removal::Template && EndsWith(path, TemplateExtension)) {
       kept = now;
       continue;
     }
@@ -92,7 +111,8 @@ std::string SavedFiles::Check(bool saving, bool removing) {
              std::to_string(now->size()) + " now)";
     }
     if (!now) return name + " went missing during a save";
-    const std::string fault = EndsWith(path, TemplateExtension) ? TemplateFault(path, *now) : LinesFault(*now);
+    const bool lines = !EndsWith(path, TemplateExtension) || AmongFiles(linesFiles, path);
+    const std::string fault = lines ? LinesFault(*now) : TemplateFault(path, *now, kept.value_or(""));
     if (!fault.empty()) return name + " is not a whole file after a save: " + fault;
     kept = now;
   }

@@ -43,8 +43,14 @@ struct Life {
   std::string finding;
 };
 
-void SetUpEnvironment(const std::string& home) {
+void SetUpEnvironment(const std::string& folder, const std::string& home) {
   setenv("HOME", home.c_str(), 1);
+  // Scratch files, caches and sockets go where a life may write.
+  const std::string scratch = folder + "/scratch";
+  fs::create_directories(scratch);
+  fs::permissions(scratch, fs::perms::owner_all, fs::perm_options::replace);
+  for (const char* name : {"TMPDIR", "SQLITE_TMPDIR", "XDG_RUNTIME_DIR"}) setenv(name, scratch.c_str(), 1);
+  setenv("XDG_CACHE_HOME", (home + "/.cache").c_str(), 1);
   setenv("XDG_CONFIG_HOME", (home + "/.config").c_str(), 1);
   unsetenv("XDG_DOCUMENTS_DIR");
   const std::string platform = "offscreen:configfile=" CORVALIN_SOURCE_DIR "/tests/desktop/screen-1366x768.json";
@@ -111,6 +117,12 @@ Life RunOneLife(const RunOptions& options, RunResult& result, const std::string&
       ++result.actions;
     } else if (line.rfind("F ", 0) == 0) {
       life.finding = line.substr(2);
+    } else if (line.rfind("C ", 0) == 0) {
+      if (result.confined.empty() || line != "C 1") result.confined = line == "C 1" ? "yes" : line.substr(4);
+    } else if (line == "S") {
+      ++result.skipped;
+    } else if (line.rfind("P ", 0) == 0) {
+      ++result.runtimeEnds[line.substr(2)];
     } else if (line.rfind("E ", 0) == 0) {
       life.orderlyEnd = true;
     } else if (line == "D") {
@@ -188,7 +200,7 @@ RunResult Supervise(const RunOptions& options, const std::vector<Action>* replay
   const std::string work = home + "/Documents/Orvanta/Work";
   SeedWorkFolder(work, CORVALIN_BINARY_DIR "/share/corvalin/Work");
   const std::string inputPath = MakeInput(options.input, result.folder, options.survey);
-  SetUpEnvironment(home);
+  SetUpEnvironment(result.folder, home);
   std::string replayFile;
   long total = options.actions;
   if (replay != nullptr) {

@@ -3,6 +3,7 @@
 // heartbeat.
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -25,13 +26,18 @@ struct RunOptions {
 
 struct RunResult {
   long actions = 0;
+  long skipped = 0;  // actions whose window or control was not there
   int lives = 0;
   double seconds = 0;
   std::vector<Action> log;
   std::set<std::string> windows;   // "key (caption)"
   std::set<std::string> controls;  // "window/control"
-  std::string finding;             // empty: none
-  std::string folder;              // the run's scratch folder
+  // Lives the program ended through the run-time's box where it is meant to.
+  std::map<std::string, int> runtimeEnds;
+  std::string finding;  // empty: none
+  // Whether the lives could write only in the run's folder: "yes", or why not.
+  std::string confined;
+  std::string folder;  // the run's scratch folder
 };
 
 // A run choosing actions at random, or (replay non-null) replaying those.

@@ -1,6 +1,7 @@
 // exerciser: a hurried or curious person at the wizard's real windows.
 //   exerciser --input <name|all> --seed <n> [--actions <k>] [--seconds <s>]
 //             [--survey <file>] [--stall-ms <ms>] [--shrink-seconds <s>]
+//             [--log <prefix>]   (every action to <prefix>-<input>.actions)
 //   exerciser --replay <file> [--input <name>]
 // Each input runs the wizard offscreen in a fresh HOME, one life after
 // another in child processes, until the actions or seconds are spent. A
@@ -64,12 +65,25 @@ std::string Record(const RunOptions& options, const std::string& finding, const 
   return path;
 }
 
-bool RunInput(RunOptions options, double shrinkSeconds, const std::vector<Action>* replay) {
+bool RunInput(RunOptions options, double shrinkSeconds, const std::vector<Action>* replay, const std::string& logFile) {
   const RunResult result = Supervise(options, replay);
-  std::printf("input %s: %ld actions in %.1f s (%.1f actions/s), %d lives\n", options.input.c_str(), result.actions,
-              result.seconds, result.seconds > 0 ? result.actions / result.seconds : 0.0, result.lives);
+  std::printf("input %s: %ld actions in %.1f s (%.1f actions/s), %d lives, %ld skipped\n", options.input.c_str(),
+              result.actions, result.seconds, result.seconds > 0 ? result.actions / result.seconds : 0.0, result.lives,
+              result.skipped);
+  if (!logFile.empty())
+    WriteActions(logFile + "-" + options.input + ".actions", result.log,
+                 "# input " + options.input + "\n# seed " + std::to_string(options.seed) + "\n");
+  if (result.confined == "yes")
+    std::printf("  file system: the lives could write only in %s\n", result.folder.c_str());
+  else
+    std::printf(
+        "  file system: NOT confined to the run's folder (%s); the file dialogs' own Delete, Rename and "
+        "New Folder were left alone\n",
+        result.confined.empty() ? "no life said" : result.confined.c_str());
   PrintSet("windows reached", result.windows);
   PrintSet("controls touched", result.controls);
+  for (const auto& [text, lives] : result.runtimeEnds)
+    std::printf("  lives ended by the run-time's box where the program means to: %d (%s)\n", lives, text.c_str());
   if (result.finding.empty()) {
     std::printf("  findings: none\n");
     std::error_code ec;
@@ -149,7 +163,8 @@ int main(int argc, char** argv) {
   bool clean = true;
   for (const std::string& name : inputs) {
     options.input = name;
-    clean = RunInput(options, shrinkSeconds, args.count("--replay") ? &replay : nullptr) && clean;
+    clean =
+        RunInput(options, shrinkSeconds, args.count("--replay") ? &replay : nullptr, Get(args, "--log", "")) && clean;
   }
   std::printf("%s\n", clean ? "exerciser: no findings" : "exerciser: FINDINGS");
   return clean ? 0 : 1;
