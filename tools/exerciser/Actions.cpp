@@ -20,6 +20,7 @@
 #include <QtTest/QtTest>
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace corvalin::exerciser {
 
@@ -160,6 +161,12 @@ void Key(QWidget* window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
   if (target) QTest::keyRelease(target.data(), key, modifiers);
 }
 
+std::function<void()> paceHook;
+
+void Pace() {
+  if (paceHook) paceHook();
+}
+
 // Types the Latin-1 bytes one key at a time into whatever has the keyboard.
 void Type(QWidget* window, const std::string& bytes) {
   QPointer<QWidget> owner(window);
@@ -178,6 +185,7 @@ void Type(QWidget* window, const std::string& bytes) {
     QPointer<QWidget> target(KeyTarget(owner));
     QTest::sendKeyEvent(QTest::Press, target.data(), key, QString(c), Qt::NoModifier);
     if (target) QTest::sendKeyEvent(QTest::Release, target.data(), key, QString(c), Qt::NoModifier);
+    Pace();
   }
 }
 
@@ -325,6 +333,8 @@ Action ChooseOnControl(QWidget* window, const Control& control, std::mt19937_64&
 }  // namespace
 
 void SetRunFolder(const std::string& folder) { runFolder = folder; }
+
+void SetPaceHook(std::function<void()> hook) { paceHook = std::move(hook); }
 
 std::string WindowKey(QWidget* window) {
   const std::string name = Std(window->objectName());
@@ -551,8 +561,14 @@ bool Perform(const Action& action) {
       // up to the top, down to the entry, and Enter.
       QPointer<QAbstractItemView> alive(view);
       const int rows = view->model()->rowCount(view->rootIndex());
-      for (int i = 0; i < rows && alive; ++i) QTest::keyClick(view, Qt::Key_Up);
-      for (int i = 0; i < index.row() && alive; ++i) QTest::keyClick(view, Qt::Key_Down);
+      for (int i = 0; i < rows && alive; ++i) {
+        QTest::keyClick(view, Qt::Key_Up);
+        Pace();
+      }
+      for (int i = 0; i < index.row() && alive; ++i) {
+        QTest::keyClick(view, Qt::Key_Down);
+        Pace();
+      }
       if (alive) QTest::keyClick(view, Qt::Key_Return);
       return true;
     }

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -23,6 +24,12 @@ struct FileChoices {
   std::vector<std::string> paths;
 };
 void SetRunFolder(const std::string& folder);
+
+// Called after each key of a typed text or a walk through a list: one
+// action sends them all at once, but a person types one key at a time, and
+// the program is to answer each key, not the whole text, within the stall
+// limit.
+void SetPaceHook(std::function<void()> hook);
 
 // The window a person's next action goes to: the open popup or menu, the
 // modal window, or else a visible top-level window (mostly the frontmost).

@@ -242,10 +242,12 @@ int RunLife(int argc, char** argv, const LifeOptions& options) {
 
   QTimer heartbeat;
   heartbeat.setInterval(100);
-  QObject::connect(&heartbeat, &QTimer::timeout, [&toolkit] {
+  const auto beat = [&toolkit] {
     const QDialog* busy = toolkit.BusyWindow();
     Tell(busy != nullptr && busy->isVisible() ? "H 1" : "H 0");
-  });
+  };
+  QObject::connect(&heartbeat, &QTimer::timeout, beat);
+  SetPaceHook(beat);
   heartbeat.start();
   Person person(options, toolkit);
   person.Start();
