@@ -29,6 +29,7 @@
 #include "desktop/DrawControls.h"
 #include "desktop/GridModel.h"
 #include "desktop/QtToolkit.h"
+#include "desktop/RetiredEditors.h"
 #include "screens/frmHeaders.h"
 
 namespace corvalin {
@@ -101,8 +102,8 @@ class GridButtonDelegate : public QStyledItemDelegate {
     return editor;
   }
 
-  void destroyEditor(QWidget* editor, const QModelIndex& index) const override {
-    QStyledItemDelegate::destroyEditor(editor, index);
+  void destroyEditor(QWidget* editor, const QModelIndex&) const override {
+    window_.retiredEditors_->Retire(editor);
     window_.EditorClosed();
   }
 
@@ -143,6 +144,7 @@ void frmHeadersWindow::BuildControls() {
   table_->setObjectName(QStringLiteral("TDBGrid1"));
   table_->setAccessibleName(QStringLiteral("Rows of the input file"));
   table_->setModel(model_);
+  retiredEditors_ = new RetiredEditors(this);
   table_->setItemDelegate(new GridButtonDelegate(*this));
   table_->setSelectionMode(QAbstractItemView::NoSelection);
   table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);

@@ -23,6 +23,8 @@ class QTableView;
 
 namespace corvalin {
 
+class RetiredEditors;
+
 class frmHeaders;
 class GridModel;
 struct ListControl;
@@ -111,6 +113,7 @@ class frmHeadersWindow : public ScreenWindow, public GridGeometry {
   QPushButton* quit_ = nullptr;
   std::array<QListWidget*, 8> pickLists_{};
   QMenu* openMenu_ = nullptr;
+  RetiredEditors* retiredEditors_ = nullptr;
   // While the window draws, the signals its own drawing raises are no
   // person's doing.
   bool drawing_ = false;
