@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "desktop/QtToolkit.h"
 
@@ -145,8 +147,37 @@ QComboBox* NewEditableList(QWidget* parent, const char* name, int characters) {
   return list;
 }
 
+namespace {
+
+// Every line of a file's list is one row of the fixed font: one row's size
+// serves them all, its width that of the longest line. Measured line by line
+// (the style lays out each line's text), a file of some thousand lines held
+// the window for seconds each time the list was filled or brought into view.
+class LineListDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    const QAbstractItemModel* model = index.model();
+    if (model == nullptr) return size;
+    qsizetype longest = 0;
+    for (int row = 0; row < model->rowCount(index.parent()); ++row)
+      longest = std::max(longest, model->index(row, 0, index.parent()).data().toString().size());
+    const int advance = option.fontMetrics.horizontalAdvance(QLatin1Char('0'));
+    const int text = advance * static_cast<int>(longest);
+    const int own = advance * static_cast<int>(index.data().toString().size());
+    size.setWidth(std::max(size.width(), size.width() - own + text));
+    return size;
+  }
+};
+
+}  // namespace
+
 QListWidget* NewLineList(QWidget* parent, const char* name, const QString& accessibleName, int characters) {
   auto* list = new QListWidget(parent);
+  list->setUniformItemSizes(true);
+  list->setItemDelegate(new LineListDelegate(list));
   list->setObjectName(QString::fromLatin1(name));
   list->setAccessibleName(accessibleName);
   list->setSelectionMode(QAbstractItemView::SingleSelection);

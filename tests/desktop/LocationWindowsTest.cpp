@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QtTest/QtTest>
 
@@ -90,6 +91,27 @@ class LocationWindowsTest : public QObject, public WizardWindows {
     list->setCurrentRow(3);
     Settle();
     QCOMPARE(ButtonStates(locations), (QStringList{"cmdUp", "cmdEdit", "cmdDelete"}));
+  }
+
+  void aLongFileTakesOneRowSizeAndItsLongestLineCanBeScrolledToItsEnd() {
+    home_ = FreshConfiguredHome();
+    slf_ = WorkOf(home_) + QStringLiteral("stands.slf");
+    loc_ = WorkOf(home_) + QStringLiteral("places.loc");
+    WriteAll(slf_, CrLf(kValidStandList));
+    QStringList lines;
+    for (int n = 1; n <= 3000; ++n) lines << QStringLiteral("A \"Place %1\" @ /elsewhere/p%1.slf @ @").arg(n);
+    const QString longest = QStringLiteral("A \"") + QString(200, QLatin1Char('W')) + QStringLiteral("\" @ @ @");
+    lines[1500] = longest;
+    WriteAll(loc_, CrLf(lines));
+    QWidget* locations = Press(OpenStandListEditor(toolkit_, slf_, loc_), "cmbNext", "frmLocation");
+    auto* list = Child<QListWidget>(locations, "lstLocation");
+    QCOMPARE(list->count(), 3000);
+    QVERIFY(list->uniformItemSizes());
+    const int advance = list->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    const int longestWidth = advance * static_cast<int>(longest.size());
+    QVERIFY(list->visualItemRect(list->item(1500)).width() >= longestWidth);
+    QVERIFY(list->horizontalScrollBar()->maximum() + list->viewport()->width() >= longestWidth);
+    QCOMPARE(list->visualItemRect(list->item(2999)).height(), list->visualItemRect(list->item(0)).height());
   }
 
   void aNewLocationOffersTheStandListAndTheFirstSaveCreatesTheFile() {
