@@ -96,6 +96,7 @@ bench: deps
 	./bench/run_unattended_bench.sh $(BENCH_BUILD)
 	./bench/run_peer_bench.sh $(BENCH_BUILD)
 	./$(BENCH_BUILD)/bench/grid_window_bench
+	./$(BENCH_BUILD)/bench/line_list_window_bench
 
 # The fuzz targets of fuzz/, built with clang and run FUZZ_SECONDS each,
 # FUZZ_JOBS at a time, from the seeds of fuzz/corpus/ (tools/run-fuzz.sh);
