@@ -19,9 +19,7 @@
 #include "desktop/GridModel.h"
 
 using namespace corvalin;
-using corvalin::testing::AssignTrees;
-using corvalin::testing::GridSession;
-using corvalin::testing::Trees;
+using namespace corvalin::testing;
 using namespace corvalin::desktoptest;
 
 namespace {
