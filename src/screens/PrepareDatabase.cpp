@@ -57,10 +57,14 @@ void PrepareDatabase() {
       replay = true;
     }
     run.TraceStep = "Load frmHeaders";
-    frmHeaders& headers = App().Headers();
+    App().Headers();
     run.TraceStep = "Load frmHeaders-END";
     UI().DoEvents();
     if (replay) {
+      // Named anew after the pending events: a person's click among them may
+      // have unloaded the grid (a new output file does), and naming it loads
+      // it again, rows and all.
+      frmHeaders& headers = App().Headers();
       ReplayTemplateCommands(headers.Adodc1.Recordset);
       headers.RefreshGrid();
     }

@@ -327,5 +327,30 @@ TEST_F(ShortWay, CancelledLoadShowsTheRowsLoadedSoFarAndTranslatesNothing) {
   EXPECT_TRUE(Run().ReloadNeeded);
 }
 
+TEST_F(ShortWay, ANewOutputChosenOnceTheGridIsLoadedLeavesALoadedGrid) {
+  frmTemplate& setup = Ready();
+  // The rows are in and the grid is loaded; among the pending events that
+  // follow, the person chooses another output file, which unloads the grid
+  // screens. The short way goes on with the grid loaded again: no error of
+  // a grid without rows, and the tree list goes to the new output.
+  const std::string other = (home / "other.tre").string();
+  bool chosen = false;
+  ui.onDoEvents = [&] {
+    if (chosen || ui.busyHides == 0 || !App().HeadersLoaded()) return;
+    chosen = true;
+    ui.files.push_back(other);
+    setup.cmdChangeOutput_Click();
+  };
+  setup.cmdFinish_Click();
+  ASSERT_TRUE(chosen);
+  EXPECT_EQ(setup.lblOutputFile.Caption, other);
+  EXPECT_EQ(ui.Texts(), std::vector<std::string>{"Translation completed."});
+  EXPECT_TRUE(setup.Visible());
+  EXPECT_FALSE(App().Headers().Visible());
+  EXPECT_FALSE(fs::exists(output));
+  const std::string written = ReadFile(other);
+  EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 713);
+}
+
 }  // namespace
 }  // namespace corvalin
