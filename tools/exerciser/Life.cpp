@@ -26,6 +26,7 @@
 #include "screens/frmTemplate.h"
 #include "shell/Error.h"
 #include "shell/Process.h"
+#include "shell/RunState.h"
 #include "shell/Toolkit.h"
 
 namespace corvalin::exerciser {
@@ -47,6 +48,17 @@ void Tell(const std::string& line) {
     at += n;
     left -= static_cast<std::size_t>(n);
   }
+}
+
+// The program's own windows, all hidden, and the screen it takes for
+// current: where the person was left with nothing to act on.
+std::string HiddenWindows() {
+  std::string names;
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (!widget->isVisible() && !widget->objectName().isEmpty() &&
+        widget->objectName().startsWith(QLatin1String("frm")))
+      names += (names.empty() ? "" : ", ") + widget->objectName().toStdString();
+  return "screen " + Run().CurrentScreen + "; hidden windows: " + (names.empty() ? "none" : names);
 }
 
 [[noreturn]] void Finding(const std::string& text) {
@@ -158,7 +170,8 @@ class Person {
         // The program runs on with no window for the person: nothing can
         // end it but the process's death.
         if (!idle_.isValid()) idle_.start();
-        if (idle_.elapsed() > kIdleLimitMs) Finding("idle: no window to act on for 10 s while the program runs");
+        if (idle_.elapsed() > kIdleLimitMs)
+          Finding("idle: no window to act on for 10 s while the program runs (" + HiddenWindows() + ")");
         Arm();
         return;
       }
